@@ -33,7 +33,8 @@ public:
     bsQuaternion& fromAxis(double degrees, bsVector axis);
 
     /// From the upper left 3 by 3 block of m. The result is not normalised: a block that is no
-    /// rotation gives a quaternion of another length, or NaNs.
+    /// rotation gives a quaternion of another length, or NaNs. A half turn whose trace rounds to
+    /// barely above -1 loses its axis, since the trace is compared without tolerance.
     bsQuaternion& fromMatrix(const bsMatrix& m);
 
     /// All sixteen elements, from the quaternion as it is, unit or not.
