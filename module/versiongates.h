@@ -4,8 +4,7 @@
 
 #include "module/backendversions.h"
 
-namespace version_gate
-{
+namespace version_gate {
 
 const VersionGate camera_table = {0, 9};
 const VersionGate extra_transformation = {0, 16};

@@ -6,8 +6,7 @@
 
 /// The texts are part of the protocol, the number of decimals included, and so is each blank. None
 /// of them is translated. Cameras (`c`) and tools (`b`) are numbered from 1, lengths are mm.
-namespace vocabulary
-{
+namespace vocabulary {
 
 // Commands, sent with `send_command`; the reply is never read.
 const char start_tracking[] = "zetrak2 tracking start";
@@ -64,11 +63,9 @@ const char cannot_stop_tracking[] = "Error: Unable to stop tracking";
 const char cannot_check_status[] = "Error: Unable to check tracking status";
 const char cannot_get_camera_count[] = "Error: Unable to get number of cameras";
 const char cannot_get_camera_room[] = "Error: Unable to get room cal of camera";
-const char cannot_get_coordinate_type[] =
-    "Error: Cannot require room calibration coordinate type.";
+const char cannot_get_coordinate_type[] = "Error: Cannot require room calibration coordinate type.";
 const char cannot_set_adjustment_rotation[] = "Error: Unable to set room adjustment rotation";
-const char cannot_set_adjustment_translation[] =
-    "Error: Unable to set room adjustment translation";
+const char cannot_set_adjustment_translation[] = "Error: Unable to set room adjustment translation";
 const char cannot_set_adjustment_scaling[] = "Error: Unable to set room adjustment scaling";
 const char cannot_get_rotation[] = "Error: Unable to get info extra rotation";
 const char cannot_get_translation[] = "Error: Unable to get info extra translation";
@@ -81,10 +78,8 @@ const char cannot_restore_translation[] = "Error: Unable to set extra translatio
 const char cannot_restore_scaling[] = "Error: Unable to set extra scaling";
 const char cannot_get_tool_count[] = "Error : Unable to get number of measurement tools";
 const char cannot_get_tip_calibration[] = "Error : Unable to get info of tip calibration";
-const char cannot_get_tip_tolerance[] =
-    "Error : Unable to get tip tolerance of measurement tool";
-const char cannot_start_measurement[] =
-    "Error : Unable to start measurement tool measurement";
+const char cannot_get_tip_tolerance[] = "Error : Unable to get tip tolerance of measurement tool";
+const char cannot_start_measurement[] = "Error : Unable to start measurement tool measurement";
 
 /// Shows one of the messages above in the one way the host knows.
 inline void show_error(IOManager* io_manager, const char* text)
