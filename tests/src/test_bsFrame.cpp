@@ -19,7 +19,7 @@ void TestFrame::a_copy_stands_where_its_source_stands()
     double worst = 0.0;
     for (const bsMatrix& pose : hard_poses()) {
         const bsFrame source(pose, &world);
-        if (!has_safe_trace(source.orientation.toMatrix()))
+        if (!has_safe_trace(pose) || !has_safe_trace(source.orientation.toMatrix()))
             continue;
         const bsFrame copy(source);
         QVERIFY(copy.position == pose.getColumn(3));
