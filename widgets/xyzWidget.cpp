@@ -31,7 +31,12 @@ void replace_layout(QWidget* widget, bool horizontal)
 
 xyzWidget::xyzWidget(QWidget* parent, bsDoubleMode mode, double minimum, double maximum,
                      bool wrapping)
-    : QWidget(parent), group_box(nullptr), x_widget(nullptr), y_widget(0), z_widget(0), horizontal(true)
+    : QWidget(parent),
+      group_box(nullptr),
+      x_widget(nullptr),
+      y_widget(0),
+      z_widget(0),
+      horizontal(true)
 {
     create(mode, minimum, maximum, wrapping);
 }
