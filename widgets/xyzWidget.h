@@ -26,7 +26,9 @@ class xyzWidget : public QWidget
 
 public:
     /// Mode, range and wrapping hold for each of the three, see bsDoubleWidget.
-    xyzWidget(QWidget* parent, bsDoubleMode mode, double minimum, double maximum, bool wrapping);
+    /// The defaults are what a form, which passes the parent alone, starts with.
+    explicit xyzWidget(QWidget* parent, bsDoubleMode mode = bsDoubleWheelOnly, double minimum = 0.0,
+                       double maximum = 100.0, bool wrapping = false);
 
     virtual double xValue() const;
     virtual double yValue() const;
