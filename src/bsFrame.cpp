@@ -20,12 +20,18 @@ bsFrame::bsFrame(const bsFrame& other) : bsFrame()
 
 bsFrame& bsFrame::operator=(const bsFrame& other)
 {
-    bsMatrix m = other.orientation.toMatrix();
-    m.setColumn(3, other.position, 1.0);
+    const bsMatrix m = other.toMatrix();
     orientation.fromMatrix(m);
     position = m.getColumn(3);
     setReferenceFrame(other.getReferenceFrame());
     return *this;
+}
+
+bsMatrix bsFrame::toMatrix() const
+{
+    bsMatrix m = orientation.toMatrix();
+    m.setColumn(3, position, 1.0);
+    return m;
 }
 
 bool bsFrame::isCreatingLoop(bsFrame* candidate)

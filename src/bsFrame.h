@@ -25,6 +25,10 @@ public:
     bsFrame& operator=(const bsFrame& other);
     ~bsFrame() = default;
 
+    /// The orientation with the position in column 3: takes coordinates in this frame to
+    /// coordinates in the reference frame.
+    bsMatrix toMatrix() const;
+
     /// Does not test for loops; ask isCreatingLoop before.
     void setReferenceFrame(bsFrame* reference) { reference_frame = reference; }
     bsFrame* getReferenceFrame() const { return reference_frame; }
