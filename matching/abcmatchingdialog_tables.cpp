@@ -1,8 +1,6 @@
 // The matching dialog's two tables, and which buttons their content allows.
 #include "matching/abcmatchingdialog.h"
 
-#include "matching/referencepointfile.h"
-#include "widgets/headersections.h"
 
 #include <QMessageBox>
 
