@@ -1,8 +1,7 @@
 #include "coarse/coarseadjustment.h"
-#include "module/backendversions.h"
 #include "module/roomadjustmentdata.h"
+#include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
-#include "tests/support/scripted_controller.h"
 
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QtTest>
@@ -39,16 +38,13 @@ namespace {
 
 const char last_type[] = "roomcal last_coordinate_type";
 const char current_type[] = "roomcal coordinate_type";
-const char type_error[] =
-    "standard/Zetrak2/1/Error: Cannot require room calibration coordinate type.";
 
 // The tab in a dialog of its own, with what surrounds it.
 struct Stage
 {
     explicit Stage(const char* type = "normal")
     {
-        controller.answers[last_type] = type;
-        controller.answers[current_type] = type;
+        controller.values[last_type] = controller.values[current_type] = type;
         QObject::connect(&tab, &CoarseAdjustment::do_btn_apply_enable,
                          [this](bool on) { apply_signals += on; });
     }
@@ -77,8 +73,8 @@ struct Stage
         return get<QStackedWidget>("stackedWidget")->currentWidget()->grab().toImage();
     }
 
-    ScriptedController controller;
-    BackendVersions versions = {{0, 0, 0}, 1, 9, 0};
+    FakeController controller;
+    BackendVersions versions = backend(1, 9);
     RoomAdjustmentData data;
     RoomAdjustmentDlg2g dialog;
     CoarseAdjustment tab{&controller, &versions, &data, &dialog};
@@ -126,12 +122,16 @@ void TestCoarseAdjustment::type_is_asked_in_the_order_of_the_version_data()
     QTest::addColumn<int>("minor");
     QTest::addColumn<QString>("last");
     QTest::addColumn<QString>("current");
-    QTest::addColumn<QStringList>("sent");
+    QTest::addColumn<QStringList>("log");
     QTest::addColumn<int>("type");
-    const QStringList last = {last_type}, both = {last_type, current_type};
-    const QStringList old = {current_type}, twice = {current_type, current_type};
+    const QString last = QString("get ") + last_type, current = QString("get ") + current_type;
+    const QString fails = " -> failed";
+    const QString error = "message Error: Cannot require room calibration coordinate type.";
+    const QStringList once = {last}, both = {last, current}, old = {current};
+    const QStringList twice = {current, current};
+    const QStringList none = {last + fails, error}, half = {last, current + fails, error};
     QTest::newRow("1.9 asks the last") << 9 << "mid_camera"
-                                       << "" << last << 3;
+                                       << "" << once << 3;
     QTest::newRow("1.8 asks the current") << 8 << ""
                                           << "normal" << old << 0;
     QTest::newRow("none asks further") << 9 << "none"
@@ -141,15 +141,15 @@ void TestCoarseAdjustment::type_is_asked_in_the_order_of_the_version_data()
     QTest::newRow("none to both") << 9 << "none"
                                   << "none" << both << 5;
     QTest::newRow("first query fails") << 9 << ""
-                                       << "normal" << last << -1;
+                                       << "normal" << none << -1;
     QTest::newRow("second query fails") << 9 << "none"
-                                        << "" << both << -1;
+                                        << "" << half << -1;
     QTest::newRow("unknown word") << 9 << "Normal"
-                                  << "" << last << -1;
+                                  << "" << once << -1;
     QTest::newRow("trailing blank") << 9 << "none "
-                                    << "" << last << -1;
+                                    << "" << once << -1;
     QTest::newRow("standing") << 9 << "powerwall_standing"
-                              << "" << last << 2;
+                              << "" << once << 2;
 }
 
 void TestCoarseAdjustment::type_is_asked_in_the_order_of_the_version()
@@ -158,15 +158,17 @@ void TestCoarseAdjustment::type_is_asked_in_the_order_of_the_version()
     QFETCH(QString, last);
     QFETCH(QString, current);
     QFETCH(int, type);
-    Stage stage;
+    Stage stage(qPrintable(last));
     stage.versions.minor = minor;
-    QMap<QString, QString>& answers = stage.controller.answers;
-    answers = {{last_type, last}, {current_type, current}};
-    answers.remove(answers.key("")); // stands for a query that fails
+    stage.controller.values[current_type] = current.toStdString();
+    for (const char* query : {last_type, current_type})
+        if (stage.controller.values[query].empty())
+            stage.controller.values.erase(query);
     QCOMPARE(stage.tab.get_roomcal_coord_type(), type);
-    QTEST(stage.controller.sent, "sent");
-    const bool failed = !answers.contains(stage.controller.sent.last());
-    QCOMPARE(stage.controller.messages, failed ? QStringList(type_error) : QStringList());
+    QStringList log;
+    for (const std::string& entry : stage.controller.log)
+        log << QString::fromStdString(entry);
+    QTEST(log, "log");
 
     stage.tab.do_update();
     const bool usable = type >= 0 && type != 5;
