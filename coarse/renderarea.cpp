@@ -32,7 +32,8 @@ RenderArea::RenderArea(int size, QWidget* parent)
 }
 
 // Half axes start in the centre and end `straight_gap` or, towards the corners, `corner_gap` pixels
-// before the edge; out points to the lower left corner, in to the upper right one.
+// before the edge; out points to the lower left corner, in to the upper right one. One table, long
+// because each line stands on its own.
 void RenderArea::compute_lines(int width)
 {
     const int straight_gap = 10, corner_gap = 30;

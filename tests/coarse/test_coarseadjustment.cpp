@@ -1,8 +1,7 @@
 #include "coarse/coarseadjustment.h"
-#include "module/backendversions.h"
 #include "module/roomadjustmentdata.h"
+#include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
-#include "tests/support/scripted_controller.h"
 
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QtTest>
@@ -39,16 +38,13 @@ namespace {
 
 const char last_type[] = "roomcal last_coordinate_type";
 const char current_type[] = "roomcal coordinate_type";
-const char type_error[] =
-    "standard/Zetrak2/1/Error: Cannot require room calibration coordinate type.";
 
 // The tab in a dialog of its own, with what surrounds it.
 struct Stage
 {
     explicit Stage(const char* type = "normal")
     {
-        controller.answers[last_type] = type;
-        controller.answers[current_type] = type;
+        controller.values[last_type] = controller.values[current_type] = type;
         QObject::connect(&tab, &CoarseAdjustment::do_btn_apply_enable,
                          [this](bool on) { apply_signals += on; });
     }
@@ -64,21 +60,17 @@ struct Stage
     // What the six widgets show, in the order left, right, up, down, out, in.
     QString shown()
     {
-        const QStringList texts = {get("label_left")->text(),
-                                   right()->currentText(),
-                                   top()->currentText(),
-                                   get("label_bottom")->text(),
-                                   get("label_bottom_left")->text(),
-                                   get("label_top_right")->text()};
-        return texts.join(' ');
+        const QString boxes = right()->currentText() + ' ' + top()->currentText() + ' ';
+        return get("label_left")->text() + ' ' + boxes + get("label_bottom")->text() + ' ' +
+               get("label_bottom_left")->text() + ' ' + get("label_top_right")->text();
     }
     QImage sketch()
     {
         return get<QStackedWidget>("stackedWidget")->currentWidget()->grab().toImage();
     }
 
-    ScriptedController controller;
-    BackendVersions versions = {{0, 0, 0}, 1, 9, 0};
+    FakeController controller;
+    BackendVersions versions = backend(1, 9);
     RoomAdjustmentData data;
     RoomAdjustmentDlg2g dialog;
     CoarseAdjustment tab{&controller, &versions, &data, &dialog};
@@ -108,7 +100,6 @@ private slots:
     void repair_reports_from_both_handlers();
     void refresh_never_writes_back();
     void angles_are_rounded_up_before_the_test();
-    void disabled_tab_still_shows_the_angles_data();
     void disabled_tab_still_shows_the_angles();
     void reset_goes_to_the_standard_axes_once();
     void columns_share_the_table();
@@ -126,30 +117,30 @@ void TestCoarseAdjustment::type_is_asked_in_the_order_of_the_version_data()
     QTest::addColumn<int>("minor");
     QTest::addColumn<QString>("last");
     QTest::addColumn<QString>("current");
-    QTest::addColumn<QStringList>("sent");
+    QTest::addColumn<QStringList>("log");
     QTest::addColumn<int>("type");
-    const QStringList last = {last_type}, both = {last_type, current_type};
-    const QStringList old = {current_type}, twice = {current_type, current_type};
-    QTest::newRow("1.9 asks the last") << 9 << "mid_camera"
-                                       << "" << last << 3;
-    QTest::newRow("1.8 asks the current") << 8 << ""
-                                          << "normal" << old << 0;
-    QTest::newRow("none asks further") << 9 << "none"
-                                       << "powerwall" << both << 1;
-    QTest::newRow("1.8 asks none twice") << 8 << ""
-                                         << "none" << twice << 5;
-    QTest::newRow("none to both") << 9 << "none"
-                                  << "none" << both << 5;
-    QTest::newRow("first query fails") << 9 << ""
-                                       << "normal" << last << -1;
-    QTest::newRow("second query fails") << 9 << "none"
-                                        << "" << both << -1;
-    QTest::newRow("unknown word") << 9 << "Normal"
-                                  << "" << last << -1;
-    QTest::newRow("trailing blank") << 9 << "none "
-                                    << "" << last << -1;
-    QTest::newRow("standing") << 9 << "powerwall_standing"
-                              << "" << last << 2;
+    const QString last = QString("get ") + last_type, current = QString("get ") + current_type;
+    const QString fails = " -> failed";
+    const QString error = "message Error: Cannot require room calibration coordinate type.";
+    const QStringList once = {last}, both = {last, current}, old = {current};
+    const QStringList twice = {current, current};
+    const QStringList none = {last + fails, error}, half = {last, current + fails, error};
+    const struct
+    {
+        int minor;
+        const char *last, *current; // an empty one fails
+        QStringList log;
+        int type;
+    } rows[] = {
+        {9, "mid_camera", "", once, 3},    {9, "powerwall_standing", "", once, 2},
+        {9, "none", "powerwall", both, 1}, {9, "none", "none", both, 5},
+        {9, "", "normal", none, -1},       {9, "none", "", half, -1},
+        {9, "Normal", "", once, -1},       {9, "none ", "", once, -1},
+        {8, "", "normal", old, 0},         {8, "", "none", twice, 5},
+    };
+    for (const auto& row : rows)
+        QTest::addRow("1.%d, '%s' then '%s'", row.minor, row.last, row.current)
+            << row.minor << QString(row.last) << QString(row.current) << row.log << row.type;
 }
 
 void TestCoarseAdjustment::type_is_asked_in_the_order_of_the_version()
@@ -158,15 +149,17 @@ void TestCoarseAdjustment::type_is_asked_in_the_order_of_the_version()
     QFETCH(QString, last);
     QFETCH(QString, current);
     QFETCH(int, type);
-    Stage stage;
+    Stage stage(qPrintable(last));
     stage.versions.minor = minor;
-    QMap<QString, QString>& answers = stage.controller.answers;
-    answers = {{last_type, last}, {current_type, current}};
-    answers.remove(answers.key("")); // stands for a query that fails
+    stage.controller.values[current_type] = current.toStdString();
+    for (const char* query : {last_type, current_type})
+        if (stage.controller.values[query].empty())
+            stage.controller.values.erase(query);
     QCOMPARE(stage.tab.get_roomcal_coord_type(), type);
-    QTEST(stage.controller.sent, "sent");
-    const bool failed = !answers.contains(stage.controller.sent.last());
-    QCOMPARE(stage.controller.messages, failed ? QStringList(type_error) : QStringList());
+    QStringList log;
+    for (const std::string& entry : stage.controller.log)
+        log << QString::fromStdString(entry);
+    QTEST(log, "log");
 
     stage.tab.do_update();
     const bool usable = type >= 0 && type != 5;
@@ -249,28 +242,20 @@ void TestCoarseAdjustment::angles_are_rounded_up_before_the_test()
     QCOMPARE(stage.sketch(), turned);
 }
 
-void TestCoarseAdjustment::disabled_tab_still_shows_the_angles_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::newRow("locked dialog") << "powerwall";
-    QTest::newRow("no type") << "none";
-}
-
 void TestCoarseAdjustment::disabled_tab_still_shows_the_angles()
 {
-    QFETCH(QString, type);
-    Stage enabled("powerwall"), stage(qPrintable(type));
-    stage.tab.setEnabled(type == "none");
-    for (Stage* each : {&enabled, &stage}) {
-        each->dialog.angles = {0.0, 0.0, 90.0};
-        each->tab.do_update();
-        QCOMPARE(each->shown(), QString("y -y x -x z -z"));
+    Stage enabled("powerwall"), locked("powerwall"), typeless("none");
+    locked.tab.setEnabled(false);
+    for (Stage* stage : {&enabled, &locked, &typeless}) {
+        stage->dialog.angles = {0.0, 0.0, 90.0};
+        stage->tab.do_update();
+        if (stage != &enabled)
+            QMetaObject::invokeMethod(&stage->tab, "on_pushButton_reset_clicked");
+        QCOMPARE(stage->shown(), QString("y -y x -x z -z"));
+        QCOMPARE(stage->dialog.times_set, 0);
     }
-    QCOMPARE(stage.sketch() == enabled.sketch(), type != "none");
-
-    QMetaObject::invokeMethod(&stage.tab, "on_pushButton_reset_clicked");
-    QCOMPARE(stage.shown(), QString("y -y x -x z -z"));
-    QCOMPARE(stage.dialog.times_set, 0);
+    QCOMPARE(locked.sketch(), enabled.sketch());
+    QVERIFY(typeless.sketch() != enabled.sketch());
 }
 
 void TestCoarseAdjustment::reset_goes_to_the_standard_axes_once()

@@ -107,9 +107,7 @@ private slots:
     void angles_belong_to_their_assignment();
     void among_equal_rotations_the_shown_triple_is_fixed();
     void pair_is_completed_or_repaired_by_first_match();
-    void odd_angles_make_whole_quarter_turns_data();
     void odd_angles_make_whole_quarter_turns();
-    void type_decides_angles_and_standard_axes_data();
     void type_decides_angles_and_standard_axes();
     void descriptions_match_exactly();
 };
@@ -179,61 +177,39 @@ void TestCoordinateCalculator::pair_is_completed_or_repaired_by_first_match()
             }
 }
 
-void TestCoordinateCalculator::odd_angles_make_whole_quarter_turns_data()
-{
-    QTest::addColumn<int>("angle");
-    QTest::addColumn<int>("axis_code");
-    QTest::addColumn<int>("turns");
-    QTest::newRow("-90 is three quarters") << -90 << 0 << 3;
-    QTest::newRow("89 falls short") << 89 << 2 << 0;
-    QTest::newRow("-1 becomes 359") << -1 << 2 << 3;
-    QTest::newRow("450 goes round") << 450 << 0 << 1;
-    QTest::newRow("-450 stays negative") << -450 << 0 << 0;
-    QTest::newRow("negative axis is not offered") << 90 << 1 << 0;
-    QTest::newRow("no axis code") << 90 << 6 << 0;
-}
-
 void TestCoordinateCalculator::odd_angles_make_whole_quarter_turns()
 {
-    QFETCH(int, angle);
-    QFETCH(int, axis_code);
-    QFETCH(int, turns);
+    // Angle, axis code, turns: -1 becomes 359, -450 stays negative, 1 and 6 are not offered.
+    const int rows[][3] = {{-90, 0, 3},  {89, 2, 0}, {-1, 2, 3}, {450, 0, 1},
+                           {-450, 0, 0}, {90, 1, 0}, {90, 6, 0}};
     CoordinateCalculator calculator(0);
-    for (const CoordinateAxix& axis : all_assignments()) {
-        const CoordinateAxix turned = calculator.around_axis_rotate(axis, angle, axis_code);
-        QVERIFY(is_legal(turned));
-        QCOMPARE(axes_in_room(turned),
-                 product(axes_in_room(axis), rotation(axis_code / 2 % 3, 90 * turns)));
-    }
-}
-
-void TestCoordinateCalculator::type_decides_angles_and_standard_axes_data()
-{
-    QTest::addColumn<int>("before");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("standard_of_normal");
-    QTest::addColumn<bool>("angles_of_normal");
-    QTest::newRow("normal after none") << 5 << 0 << true << true;
-    QTest::newRow("mid camera after normal") << 0 << 3 << false << false;
-    QTest::newRow("4 keeps both") << 0 << 4 << true << true;
-    QTest::newRow("-1 keeps both") << 0 << -1 << true << true;
-    QTest::newRow("6 keeps the axes only") << 0 << 6 << true << false;
-    QTest::newRow("constructed with 4") << 4 << 4 << false << false;
+    for (const auto& row : rows)
+        for (const CoordinateAxix& axis : all_assignments()) {
+            const CoordinateAxix turned = calculator.around_axis_rotate(axis, row[0], row[1]);
+            const Matrix turn = rotation(row[1] / 2 % 3, 90 * row[2]);
+            QVERIFY(is_legal(turned));
+            QCOMPARE(axes_in_room(turned), product(axes_in_room(axis), turn));
+        }
 }
 
 void TestCoordinateCalculator::type_decides_angles_and_standard_axes()
 {
-    QFETCH(int, before);
-    QFETCH(int, type);
-    CoordinateCalculator calculator(before);
-    calculator.set_cali_type(type);
-
-    const CoordinateAxix z_up = {1, 0, 4, 5, 3, 2};
-    const CoordinateAxix y_up = {1, 0, 2, 3, 4, 5};
-    QFETCH(bool, standard_of_normal);
-    QVERIFY(equal(calculator.get_standard_axis(), standard_of_normal ? z_up : y_up));
-    QFETCH(bool, angles_of_normal);
-    QCOMPARE(angles_of(calculator, y_up), (angles_of_normal ? Angles{90, 0, 0} : Angles{}));
+    struct Row
+    {
+        int before, type;
+        bool standard_of_normal, angles_of_normal;
+    };
+    const Row rows[] = {
+        {5, 0, true, true},  {0, 3, false, false}, {0, 4, true, true},
+        {0, -1, true, true}, {0, 6, true, false},  {4, 4, false, false},
+    };
+    const CoordinateAxix z_up = assignment(0, 4, 3), y_up = assignment(0, 2, 4);
+    for (const Row& row : rows) {
+        CoordinateCalculator calculator(row.before);
+        calculator.set_cali_type(row.type);
+        QVERIFY(equal(calculator.get_standard_axis(), row.standard_of_normal ? z_up : y_up));
+        QCOMPARE(angles_of(calculator, y_up), (Angles{row.angles_of_normal ? 90 : 0, 0, 0}));
+    }
 }
 
 void TestCoordinateCalculator::descriptions_match_exactly()
