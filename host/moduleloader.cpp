@@ -21,9 +21,10 @@ bool ModuleLoader::load(const QString& file_name)
     module = qobject_cast<ModuleInterface*>(instance);
     if (module)
         return true;
-    error = instance ? QStringLiteral("%1 is not a module with the interface %2")
-                           .arg(file_name, QLatin1String(ModuleInterface_iid))
-                     : loader.errorString();
+    const QString reason =
+        instance ? QStringLiteral("it has no interface %1").arg(QLatin1String(ModuleInterface_iid))
+                 : loader.errorString();
+    error = QStringLiteral("%1 cannot be loaded as a module: %2").arg(file_name, reason);
     loader.unload();
     return false;
 }

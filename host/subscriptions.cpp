@@ -10,7 +10,8 @@ using Lock = std::lock_guard<std::recursive_mutex>;
 
 QByteArray type_of(const QByteArray& line)
 {
-    return line.left(line.indexOf(' '));
+    const int blank = line.indexOf(' ');
+    return blank < 0 ? line : line.left(blank);
 }
 
 } // namespace
