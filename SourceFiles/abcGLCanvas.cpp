@@ -1,69 +1,12 @@
+// The room in the 3D view, and the painting of it. The view and the input stand in
+// abcGLCanvas_view.cpp, points and tool tip in abcGLCanvas_matching.cpp.
 #include "SourceFiles/abcGLCanvas.h"
 
-#include "matching/abcmatchingdialog.h"
-
-#include <QMenu>
-#include <QMouseEvent>
-#include <QWheelEvent>
-
 #include <GL/glu.h>
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
 const double start_distance = 300.0; // mm
-const double least_distance = 900.0; // mm
-const double margin_around_room = 1.1;
-const double pi = 3.141592653589793;
-
-// A wheel reports eighths of a degree and turns 15 degrees from notch to notch.
-const int wheel_units_per_degree = 8;
-const int degrees_per_notch = 15;
-
-const double label_offset = -10.0; // these two are multiples of the room's scale factor
-const double point_radius = 2.0;
-const int point_slices = 4;
-const int point_stacks = 2;
-const int label_font_size = 10;
-const int label_font_weight = 75;
-
-const int tip_slices = 32;
-const int tip_stacks = 32;
-
-bsQuaternion quaternionFromAngles(double x, double y, double z)
-{
-    return bsQuaternion(x, bsVector(1, 0, 0)) * bsQuaternion(y, bsVector(0, 1, 0)) *
-           bsQuaternion(z, bsVector(0, 0, 1));
-}
-
-int wheelDelta(const QWheelEvent* event)
-{
-#if QT_VERSION >= 0x050000
-    return event->angleDelta().y();
-#else
-    return event->delta();
-#endif
-}
-
-double lengthOf(const bsVector& v)
-{
-    return std::sqrt(bsVector::dotProduct(v, v));
-}
-
-bsMatrix currentModelView()
-{
-    double elements[16];
-    glGetDoublev(GL_MODELVIEW_MATRIX, elements);
-    return bsMatrix(elements);
-}
-
-void drawTipCylinder(GLUquadric* quadric, double base, double top, double height)
-{
-    glTranslated(0.0, 0.0, -height);
-    gluCylinder(quadric, base, top, height, tip_slices, tip_stacks);
-}
 
 } // namespace
 
@@ -141,83 +84,9 @@ const bsMatrix& AbcGLCanvas::getRoomTransformation()
     return room.getCumulatedTransformation();
 }
 
-const bsVector& AbcGLCanvas::getViewPosition()
-{
-    return view.position;
-}
-
-void AbcGLCanvas::setViewMode(abcViewMode mode)
-{
-    view_mode = mode;
-}
-
 void AbcGLCanvas::set_menu(QMenu* menu_)
 {
     menu = menu_;
-}
-
-void AbcGLCanvas::setUseTip(bool use)
-{
-    use_tip = use;
-}
-
-void AbcGLCanvas::setTipSeen(bool seen)
-{
-    tip_seen = seen;
-}
-
-void AbcGLCanvas::setTipPos(const bsVector& position)
-{
-    tip_position = position;
-}
-
-void AbcGLCanvas::setTipMatrix(const bsMatrix& matrix)
-{
-    tip_matrix = matrix;
-}
-
-bool AbcGLCanvas::checkSetParallelAxes()
-{
-    return false;
-}
-
-void AbcGLCanvas::saveCurrentView()
-{
-    saved_view = view;
-}
-
-void AbcGLCanvas::rotateView(double x, double y, double z)
-{
-    view.orientation = quaternionFromAngles(x, y, z) * saved_view.orientation;
-    updateGL();
-}
-
-void AbcGLCanvas::setViewOrientation(const bsMatrix& m)
-{
-    view.orientation.fromMatrix(m);
-    saveCurrentView();
-    updateGL();
-}
-
-void AbcGLCanvas::translateView(double x, double y, double z)
-{
-    view.position = saved_view.position + bsVector(x, y, z);
-    updateGL();
-}
-
-void AbcGLCanvas::setViewPosition(const bsVector& position)
-{
-    view.position = position;
-    saveCurrentView();
-    updateGL();
-}
-
-void AbcGLCanvas::transformView(const bsMatrix& m)
-{
-    const bsMatrix moved = view.toMatrix() * m;
-    view.orientation.fromMatrix(moved);
-    view.position = moved.getColumn(3);
-    saveCurrentView();
 }
 
 void AbcGLCanvas::showLongAxes(bool showLongAxes)
@@ -266,36 +135,6 @@ void AbcGLCanvas::setXZGridColor(QColor& XYColor)
 {
     room.xz_grid_color = XYColor;
     updateGL();
-}
-
-void AbcGLCanvas::rotateViewBegin()
-{
-    setViewMode(abcViewRotate);
-    updateGL();
-}
-
-void AbcGLCanvas::rotateViewEnd()
-{
-    setViewMode(abcViewNone);
-    updateGL();
-}
-
-double AbcGLCanvas::getBestZValue()
-{
-    if (!room.loaded)
-        return least_distance;
-    double farthest = lengthOf(room.getOriginFramePosition());
-    if (tip_enabled && use_tip && tip_seen) {
-        bsMatrix inverse;
-        room.getCumulatedTransformation().fastInvert(inverse);
-        farthest = std::max(farthest, lengthOf(inverse * tip_position));
-    }
-    const float half_angle = static_cast<float>(field_of_view / 180.0 * pi * 0.5);
-    const double across = farthest / std::fabs(std::sin(half_angle)) * margin_around_room;
-    const double along = view_height * across / view_width;
-    // Before the first resize along is NaN; both comparisons let it through to the least distance.
-    const double distance = across > along ? across : along;
-    return distance > least_distance ? distance : least_distance;
 }
 
 void AbcGLCanvas::undo()
@@ -362,54 +201,6 @@ void AbcGLCanvas::redoRoom()
     moveByStore(&abcRoom::redo);
 }
 
-void AbcGLCanvas::mousePressEvent(QMouseEvent* event)
-{
-    const bool ctrl = event->modifiers() & Qt::ControlModifier;
-    if (event->button() == Qt::RightButton) {
-        if (ctrl)
-            setViewMode(abcViewRotate);
-        else
-            menu->exec(event->globalPos());
-    } else if (event->button() == Qt::LeftButton) {
-        if (ctrl)
-            setViewMode(abcViewPan);
-        else if (event->modifiers() & Qt::ShiftModifier)
-            setViewMode(abcViewZoom);
-    }
-    last_x = event->x();
-    last_y = event->y();
-    updateGL();
-}
-
-void AbcGLCanvas::mouseReleaseEvent(QMouseEvent*)
-{
-    if (view_mode == abcViewNone)
-        return;
-    setViewMode(abcViewNone);
-    emit storeViewRequest();
-    updateGL();
-}
-
-void AbcGLCanvas::mouseMoveEvent(QMouseEvent* event)
-{
-    if (room.loaded && view_mode != abcViewNone) {
-        dragTo(event->x() - last_x, event->y() - last_y);
-        emit storeViewRequest();
-    }
-    last_x = event->x();
-    last_y = event->y();
-}
-
-void AbcGLCanvas::wheelEvent(QWheelEvent* event)
-{
-    if (!(event->modifiers() & Qt::ControlModifier))
-        return;
-    const int notches = wheelDelta(event) / wheel_units_per_degree / degrees_per_notch;
-    translateView(0.0, 0.0, notches * getRoomScaleFactor());
-    emit storeViewRequest();
-    updateGL();
-}
-
 void AbcGLCanvas::initializeGL()
 {
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
@@ -461,84 +252,4 @@ void AbcGLCanvas::moveByStore(void (abcRoom::*step)())
     (room.*step)();
     emitUndoRedo();
     transformView(before_inverse * room.getCumulatedTransformation());
-}
-
-// Pans and zooms by millimetres that follow the size of the room, rotates by degrees.
-void AbcGLCanvas::dragTo(int dx, int dy)
-{
-    const double s = getRoomScaleFactor();
-    if (view_mode == abcViewPan)
-        translateView(dx * s, -dy * s, 0.0);
-    else if (view_mode == abcViewZoom)
-        translateView(0.0, 0.0, dy * s);
-    else
-        rotateView(dy, dx, 0.0);
-}
-
-void AbcGLCanvas::drawPoints()
-{
-    if (!matching_dialog)
-        return;
-    GLUquadric* const quadric = gluNewQuadric();
-    gluQuadricDrawStyle(quadric, GLU_FILL);
-    const double s = getRoomScaleFactor();
-    bsMatrix spheres = currentModelView();
-    bsMatrix labels = bsMatrix().translation(label_offset * s, label_offset * s, 0.0) * spheres;
-    if (matching_dialog->checkApplyTrafo()) {
-        spheres *= matching_dialog->getTransformationMatrix();
-        labels *= matching_dialog->getTransformationMatrix();
-    }
-    glLineWidth(1.0f);
-    glPointSize(3.0f);
-    glPushMatrix();
-    for (unsigned int i = 0; i < matching_dialog->getRPCount(); ++i) {
-        const bsVector& point = matching_dialog->getRP(i);
-        glColor3ub(255, matching_dialog->isRPSelected(static_cast<int>(i)) ? 255 : 100, 0);
-        glEnable(GL_LIGHTING);
-        glLoadMatrixd(spheres);
-        glTranslated(point.x, point.y, point.z);
-        gluSphere(quadric, point_radius * s, point_slices, point_stacks);
-        glDisable(GL_LIGHTING);
-        glLoadMatrixd(labels);
-        drawPointNumber(static_cast<int>(i) + 1, point);
-    }
-    glPopMatrix();
-    gluDeleteQuadric(quadric);
-}
-
-void AbcGLCanvas::drawPointNumber(int number, const bsVector& point)
-{
-    renderText(point.x, point.y, point.z, QString::number(number),
-               QFont("Times", label_font_size, label_font_weight));
-}
-
-void AbcGLCanvas::drawTip()
-{
-    if (!tip_enabled || !tip_seen)
-        return;
-    glPushMatrix();
-    glTranslated(tip_position.x, tip_position.y, tip_position.z);
-    glMultMatrixd(tip_matrix);
-    if (tip_list != 0)
-        glCallList(tip_list);
-    else
-        buildTipList();
-    glPopMatrix();
-}
-
-// Point, needle, collar and handle, one behind the other along -z.
-void AbcGLCanvas::buildTipList()
-{
-    tip_list = glGenLists(1);
-    glNewList(tip_list, GL_COMPILE_AND_EXECUTE);
-    glEnable(GL_LIGHTING);
-    glColor3ub(200, 200, 200);
-    GLUquadric* const quadric = gluNewQuadric();
-    drawTipCylinder(quadric, 1.0, 0.0, 3.0);
-    drawTipCylinder(quadric, 1.0, 1.0, 23.0);
-    glColor3ub(75, 75, 75);
-    drawTipCylinder(quadric, 5.0, 2.0, 5.0);
-    drawTipCylinder(quadric, 5.0, 5.0, 175.0);
-    gluDeleteQuadric(quadric);
-    glEndList();
 }

@@ -148,6 +148,7 @@ protected:
     QMenu* menu;
 
 private:
+    static bsQuaternion quaternionFromAngles(double x, double y, double z);
     void emitUndoRedo();
     void moveByStore(void (abcRoom::*step)());
     void dragTo(int dx, int dy);
