@@ -1,5 +1,6 @@
 #include "module/roomadjustmentmodule.h"
 
+#include "module/backendversions.h"
 #include "module/iomanager.h"
 #include "module/roomadjustmentdlg.h"
 

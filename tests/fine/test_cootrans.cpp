@@ -6,6 +6,7 @@
 #include "tests/support/fatal_logger.h"
 
 #include <QtTest/QtTest>
+#include <QtWidgets/QAction>
 
 class TestCooTrans : public QObject
 {
@@ -117,6 +118,10 @@ private slots:
         QCOMPARE(box("doubleSpinBox_x")->singleStep(), 3.0); // 900 mm away
         data.translation[2] = 10000.0;
         tab->do_update();
+        QCOMPARE(box("doubleSpinBox_z")->singleStep(), 3.0); // the view has no size yet
+        tab->show();
+        QVERIFY(QTest::qWaitForWindowExposed(tab.get()));
+        tab->do_update();
         QVERIFY(box("doubleSpinBox_z")->singleStep() > 90.0);
     }
 
@@ -154,16 +159,13 @@ private slots:
             if (action->isChecked())
                 checked << action->text();
         }
-        QCOMPARE(texts, (QStringList{"Long axes", "Show XY plane", "Show YZ plane",
-                                     "Show XZ plane"}));
+        QCOMPARE(texts,
+                 (QStringList{"Long axes", "Show XY plane", "Show YZ plane", "Show XZ plane"}));
         QCOMPARE(checked, QStringList{"Show XY plane"});
     }
 
 private:
-    QDoubleSpinBox* box(const char* name)
-    {
-        return tab->findChild<QDoubleSpinBox*>(name);
-    }
+    QDoubleSpinBox* box(const char* name) { return tab->findChild<QDoubleSpinBox*>(name); }
 
     std::unique_ptr<FakeController> controller;
     BackendVersions versions;

@@ -12,8 +12,7 @@
 
 typedef std::vector<std::string> Log;
 
-namespace
-{
+namespace {
 
 const std::string turned = "0.00000000 1.00000000 0.00000000 -1.00000000 0.00000000 0.00000000 "
                            "0.00000000 0.00000000 1.00000000";
@@ -83,8 +82,6 @@ private slots:
 
     void each_call_fails_in_turn_and_the_old_values_come_back()
     {
-        FakeController reference;
-        turn(reference);
         const int calls_total = 6 + 3 + 4 + 6;
         for (int failing = 0; failing < calls_total; ++failing) {
             FakeController controller;
@@ -93,13 +90,12 @@ private slots:
             const std::string failed = find_failed(log);
             QVERIFY2(!failed.empty(), qPrintable(QString::number(failing)));
             // Only a failed write of the old values themselves can leave them changed.
-            const bool restoring_failed = failed.find(turned) != std::string::npos
-                                          || failed.find("1.000 2.000 3.500") != std::string::npos
-                                          || failed.find("1.01000") != std::string::npos;
+            const bool restoring_failed = failed.find(turned) != std::string::npos ||
+                                          failed.find("1.000 2.000 3.500") != std::string::npos ||
+                                          failed.find("1.01000") != std::string::npos;
             if (!restoring_failed)
-                QVERIFY2(controller.values == reference.values, failed.c_str());
-            const bool silent = false;
-            QCOMPARE(controller.messages().size(), std::size_t(silent ? 0 : 1));
+                QVERIFY2(holds_the_old_values(controller), failed.c_str());
+            QCOMPARE(controller.messages().size(), std::size_t(1));
             if (QTest::currentTestFailed())
                 return;
         }
@@ -149,6 +145,13 @@ private:
         controller.values["status active"] = "mea";
     }
 
+    static bool holds_the_old_values(FakeController& controller)
+    {
+        return controller.values["tracking extra_rotation"] == turned &&
+               controller.values["tracking extra_translation"] == "1.000 2.000 3.500" &&
+               controller.values["tracking extra_scaling"] == "1.01000";
+    }
+
     static std::string find_failed(const Log& log)
     {
         for (const std::string& entry : log)
@@ -180,8 +183,9 @@ private:
             log = controller.log_since(start);
             const char* const names[] = {"x", "y", "z", "rz"};
             for (int i = 0; i < 4; ++i)
-                shown[i] = tab->findChild<QDoubleSpinBox*>(QString("doubleSpinBox_%1").arg(names[i]))
-                               ->value();
+                shown[i] =
+                    tab->findChild<QDoubleSpinBox*>(QString("doubleSpinBox_%1").arg(names[i]))
+                        ->value();
             apply_enabled = dialog.findChild<QPushButton*>("btn_apply")->isEnabled();
             dialog.close();
         });
@@ -194,8 +198,7 @@ private:
     static void match(AbcMatchingDialog* matching)
     {
         const double reference[3][2] = {{0, 0}, {200, 0}, {0, 300}};
-        QTableWidget* table =
-            matching->findChild<QTableWidget*>("tableWidget_referencePoints");
+        QTableWidget* table = matching->findChild<QTableWidget*>("tableWidget_referencePoints");
         for (int i = 0; i < 3; ++i) {
             matching->findChild<QPushButton*>("pushButton_addRefPoint")->click();
             for (int column = 0; column < 2; ++column)
@@ -209,13 +212,13 @@ private:
 
     static void measure(AbcMatchingDialog* matching, double x, double y)
     {
-        const char* const frame = "6dmt2 1 1 [0 1.0 4 0][%1 %2 0][1 0 0 0 1 0 0 0 1][%3][0 0 0 0 0 0]";
+        const char* const frame =
+            "6dmt2 1 1 [0 1.0 4 0][%1 %2 0][1 0 0 0 1 0 0 0 1][%3][0 0 0 0 0 0]";
         static double time = 0.0;
         for (int i = 0; i < 4; ++i, time += 0.5) {
             const QString flag = i < 3 ? "1" : "0";
             matching->set_ascii_data("ts", qPrintable(QString("ts %1").arg(time)));
-            matching->set_ascii_data(
-                "6dmt2", qPrintable(QString(frame).arg(x).arg(y).arg(flag)));
+            matching->set_ascii_data("6dmt2", qPrintable(QString(frame).arg(x).arg(y).arg(flag)));
         }
     }
 

@@ -11,8 +11,7 @@
 
 typedef std::vector<std::string> Log;
 
-namespace
-{
+namespace {
 
 const Log subscriptions = {"subscribe ts", "subscribe 6dmt2", "subscribe 6dmt", "subscribe 6df2",
                            "subscribe 6df"};
@@ -126,11 +125,14 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("value");
         QTest::addColumn<int>("minor");
-        QTest::newRow("no tracking") << "tracking available" << "no" << 20;
-        QTest::newRow("one camera with a room is not enough")
-            << "tracking has_room c02" << "0" << 20;
-        QTest::newRow("no cameras") << "camera number_of_cameras" << "0" << 20;
-        QTest::newRow("older: one camera without a room") << "tracking room c02" << "none" << 17;
+        QTest::newRow("no tracking") << "tracking available"
+                                     << "no" << 20;
+        QTest::newRow("one camera with a room is not enough") << "tracking has_room c02"
+                                                              << "0" << 20;
+        QTest::newRow("no cameras") << "camera number_of_cameras"
+                                    << "0" << 20;
+        QTest::newRow("older: one camera without a room") << "tracking room c02"
+                                                          << "none" << 17;
     }
 
     void unusable()
@@ -211,8 +213,9 @@ private slots:
     {
         controller->values["camera number_of_cameras"] = "100";
         for (int camera = 3; camera <= 100; ++camera)
-            controller->values[QString("tracking room c%1").arg(camera, 2, 10, QChar('0'))
-                                   .toStdString()] = "none";
+            controller->values
+                [QString("tracking room c%1").arg(camera, 2, 10, QChar('0')).toStdString()] =
+                "none";
         exec([this] {
             const QAbstractItemModel* model = child<QTableView>("tableView")->model();
             QCOMPARE(model->index(99, 0).data().toString(), QString("c10"));
@@ -231,22 +234,22 @@ private slots:
             QVERIFY(!child<QPushButton>("btn_apply")->isEnabled());
             child<QPushButton>("btn_cancel")->click();
         });
-        const Log expected = join(
-            {opening(versions),
-             {"get status active", "do zetrak2 tracking stop",
-              "set tracking extra_rotation 0.00000000 -1.00000000 0.00000000 1.00000000 "
-              "0.00000000 0.00000000 0.00000000 0.00000000 1.00000000",
-              "set tracking extra_translation -5.250 2.000 3.000",
-              "set tracking extra_scaling 1.00000"},
-             ::camera_table,
-             {"do zetrak2 tracking start"},
-             record, // before the question
-             record, // after it
-             {"set tracking extra_rotation " + identity_text,
-              "set tracking extra_translation 1.000 2.000 3.000",
-              "set tracking extra_scaling 1.00000", "get status active",
-              "do zetrak2 tracking stop"},
-             unsubscriptions});
+        const Log expected =
+            join({opening(versions),
+                  {"get status active", "do zetrak2 tracking stop",
+                   "set tracking extra_rotation 0.00000000 -1.00000000 0.00000000 1.00000000 "
+                   "0.00000000 0.00000000 0.00000000 0.00000000 1.00000000",
+                   "set tracking extra_translation -5.250 2.000 3.000",
+                   "set tracking extra_scaling 1.00000"},
+                  ::camera_table,
+                  {"do zetrak2 tracking start"},
+                  record, // before the question
+                  record, // after it
+                  {"set tracking extra_rotation " + identity_text,
+                   "set tracking extra_translation 1.000 2.000 3.000",
+                   "set tracking extra_scaling 1.00000", "get status active",
+                   "do zetrak2 tracking stop"},
+                  unsubscriptions});
         compare(log, expected);
         QVERIFY(answer.seen);
         QCOMPARE(answer.title, QString("Room Adjustment"));
@@ -263,15 +266,19 @@ private slots:
         compare(log, join({opening(versions),
                            {"get status active", "do zetrak2 tracking stop", default_settings[0],
                             default_settings[1], "set tracking extra_scaling 1.01230"},
-                           ::camera_table, unsubscriptions}));
+                           ::camera_table,
+                           unsubscriptions}));
         QCOMPARE(dialog->result(), int(QDialog::Accepted));
     }
 
     void cancel_without_a_change_asks_nothing_and_writes_nothing()
     {
         const Log log = exec([this] { child<QPushButton>("btn_cancel")->click(); });
-        compare(log, join({opening(versions), record, record,
-                           {"get status active", "do zetrak2 tracking stop"}, unsubscriptions}));
+        compare(log, join({opening(versions),
+                           record,
+                           record,
+                           {"get status active", "do zetrak2 tracking stop"},
+                           unsubscriptions}));
         QCOMPARE(dialog->result(), int(QDialog::Rejected));
     }
 
@@ -345,8 +352,8 @@ private slots:
                     child<QComboBox>("comboBox_right")->setCurrentIndex(right);
                     child<QPushButton>("btn_apply")->setEnabled(true);
                     child<QPushButton>("btn_apply")->click();
-                    const QString rotation = QString::fromStdString(
-                        controller->values["tracking extra_rotation"]);
+                    const QString rotation =
+                        QString::fromStdString(controller->values["tracking extra_rotation"]);
                     QVERIFY2(exact.match(rotation).hasMatch(), qPrintable(rotation));
                     QVERIFY(!rotation.contains("-0"));
                     seen.insert(rotation);
@@ -372,21 +379,23 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("reply");
-        QTest::addColumn<QVector<double>>("expected"); // rotation[0], rotation[3], translation[1], scaling
+        QTest::addColumn<QVector<double>>(
+            "expected"); // rotation[0], rotation[3], translation[1], scaling
         const QString turned = "0.5 2 3 -0.25 5 6 7 8 9";
         QTest::newRow("rotation as it stands")
             << "tracking extra_rotation" << turned << QVector<double>{0.5, -0.25, 0.0, 1.0};
         QTest::newRow("ten numbers: the tenth is ignored")
             << "tracking extra_rotation" << turned + " x" << QVector<double>{0.5, -0.25, 0.0, 1.0};
         QTest::newRow("eight numbers: identity")
-            << "tracking extra_rotation" << "0.5 2 3 -0.25 5 6 7 8"
-            << QVector<double>{1.0, 0.0, 0.0, 1.0};
+            << "tracking extra_rotation"
+            << "0.5 2 3 -0.25 5 6 7 8" << QVector<double>{1.0, 0.0, 0.0, 1.0};
         QTest::newRow("translation with a word: all zero")
-            << "tracking extra_translation" << "1 x 3" << QVector<double>{1.0, 0.0, 0.0, 1.0};
-        QTest::newRow("translation")
-            << "tracking extra_translation" << "1 2.125 3" << QVector<double>{1.0, 0.0, 2.125, 1.0};
-        QTest::newRow("scaling") << "tracking extra_scaling" << "0.97"
-                                 << QVector<double>{1.0, 0.0, 0.0, 0.97};
+            << "tracking extra_translation"
+            << "1 x 3" << QVector<double>{1.0, 0.0, 0.0, 1.0};
+        QTest::newRow("translation") << "tracking extra_translation"
+                                     << "1 2.125 3" << QVector<double>{1.0, 0.0, 2.125, 1.0};
+        QTest::newRow("scaling") << "tracking extra_scaling"
+                                 << "0.97" << QVector<double>{1.0, 0.0, 0.0, 0.97};
     }
 
     void reading_the_record()

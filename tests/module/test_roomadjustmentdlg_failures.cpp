@@ -7,8 +7,7 @@
 #include <QtTest/QtTest>
 #include <QtWidgets/QDoubleSpinBox>
 
-namespace
-{
+namespace {
 
 struct Message
 {

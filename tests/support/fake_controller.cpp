@@ -6,8 +6,7 @@
 #include <cstring>
 #include <sstream>
 
-namespace
-{
+namespace {
 
 std::string format_text(const char* format, va_list arguments)
 {
@@ -207,8 +206,8 @@ int FakeController::remove_requester(Requester*)
 int FakeController::show_message(const char* category, const char* source, int level,
                                  const char* text)
 {
-    const bool usual = std::string(category) == "standard" && std::string(source) == "Zetrak2"
-                       && level == 1;
+    const bool usual =
+        std::string(category) == "standard" && std::string(source) == "Zetrak2" && level == 1;
     log.push_back(std::string(usual ? "message " : "odd message ") + text);
     return 0;
 }
