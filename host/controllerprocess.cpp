@@ -1,12 +1,6 @@
 #include "host/controllerprocess.h"
 
 #include <QDeadlineTimer>
-#include <QList>
-
-#ifdef Q_OS_LINUX
-#include <signal.h>
-#include <sys/prctl.h>
-#endif
 
 namespace {
 
@@ -33,7 +27,7 @@ ControllerProcess::~ControllerProcess()
 
 bool ControllerProcess::launch(const QString& program, const QStringList& arguments)
 {
-    start(program, arguments, QIODevice::ReadOnly);
+    start(program, arguments);
     if (!waitForStarted(start_limit))
         return fail(QStringLiteral("%1: %2").arg(program, errorString()));
     if (!awaitFirstLine())
@@ -55,13 +49,6 @@ void ControllerProcess::end()
         kill();
         waitForFinished(end_limit);
     }
-}
-
-void ControllerProcess::setupChildProcess()
-{
-#ifdef Q_OS_LINUX
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-#endif
 }
 
 bool ControllerProcess::awaitFirstLine()

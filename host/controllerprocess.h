@@ -6,7 +6,8 @@
 #include <QString>
 #include <QStringList>
 
-/// The process ends with this object, and on Linux also if the host dies.
+/// The process ends with this object. Told so, a simulator also ends when its standard input is
+/// closed, which happens if the host dies.
 class ControllerProcess : public QProcess
 {
     Q_OBJECT
@@ -29,9 +30,6 @@ public:
 signals:
     /// The process has ended without having been asked to.
     void lost(const QString& text);
-
-protected:
-    void setupChildProcess() override;
 
 private:
     bool awaitFirstLine();

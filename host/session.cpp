@@ -63,7 +63,8 @@ void Session::shutDown()
 bool Session::findController()
 {
     if (options.controller_host.isEmpty()) {
-        if (!process.launch(options.simulator, options.simulator_options))
+        const QStringList arguments = QStringList("--exit-with-parent") + options.simulator_options;
+        if (!process.launch(options.simulator, arguments))
             return fail(process.errorText());
         options.controller_host = process.host();
         options.controller_port = process.port();
