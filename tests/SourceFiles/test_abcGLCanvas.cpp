@@ -30,6 +30,8 @@ public:
     using AbcGLCanvas::resizeGL;
     using AbcGLCanvas::room;
     using AbcGLCanvas::saved_view;
+    using AbcGLCanvas::tip_enabled;
+    using AbcGLCanvas::tip_list;
     using AbcGLCanvas::view;
     using AbcGLCanvas::view_height;
     using AbcGLCanvas::view_mode;
@@ -100,7 +102,6 @@ private slots:
     void initTestCase() { install_fatal_logger(); }
     void drags_move_the_view_data();
     void drags_move_the_view();
-    void a_drag_without_a_room_moves_nothing();
     void the_wheel_zooms_by_whole_notches_data();
     void the_wheel_zooms_by_whole_notches();
     void right_button_opens_the_menu();
@@ -111,7 +112,7 @@ private slots:
     void best_distance_shows_the_origin_frame_data();
     void best_distance_shows_the_origin_frame();
     void paints_frames_grid_and_labels();
-    void paints_nothing_but_black_without_a_room();
+    void the_tip_is_drawn_from_a_list();
 };
 
 void TestCanvas::drags_move_the_view_data()
@@ -139,6 +140,11 @@ void TestCanvas::drags_move_the_view()
         m << number.toDouble();
 
     OpenCanvas canvas;
+    QTest::mousePress(&canvas, Qt::LeftButton, Qt::ControlModifier, {10, 10});
+    send_move(&canvas, QPoint(50, 60));
+    QTest::mouseRelease(&canvas, Qt::LeftButton, Qt::ControlModifier, {50, 60});
+    QVERIFY2(canvas.getViewPosition() == bsVector(0, 0, -300), "no room, no movement");
+
     canvas.load(0);
     connect(&canvas, SIGNAL(storeViewRequest()), &canvas, SLOT(saveCurrentView()));
     QSignalSpy stored(&canvas, SIGNAL(storeViewRequest()));
@@ -153,17 +159,6 @@ void TestCanvas::drags_move_the_view()
     QTest::mouseRelease(&canvas, Qt::MouseButton(button), Qt::KeyboardModifiers(), {60, 65});
     QCOMPARE(stored.count(), drags ? 2 : 0);
     QCOMPARE(int(canvas.view_mode), int(abcViewNone));
-}
-
-void TestCanvas::a_drag_without_a_room_moves_nothing()
-{
-    OpenCanvas canvas;
-    QTest::mousePress(&canvas, Qt::LeftButton, Qt::ControlModifier, {50, 60});
-    QSignalSpy stored(&canvas, SIGNAL(storeViewRequest()));
-    send_move(&canvas, QPoint(90, 60));
-    QVERIFY(canvas.getViewPosition() == bsVector(0, 0, -300));
-    QCOMPARE(stored.count(), 0);
-    QCOMPARE(canvas.last_x, 90);
 }
 
 void TestCanvas::the_wheel_zooms_by_whole_notches_data()
@@ -352,17 +347,26 @@ void TestCanvas::paints_frames_grid_and_labels()
     QVERIFY(with_axes.red > bare.red + 50);
     QVERIFY(with_axes.green > bare.green + 50);
     QVERIFY(with_axes.blue > bare.blue + 50);
+
+    canvas.unloadRoom();
+    const auto is_lit = [](QRgb p) { return (p & RGB_MASK) != 0; };
+    QCOMPARE(count_pixels(canvas.grabFrameBuffer(), is_lit), 0);
 }
 
-void TestCanvas::paints_nothing_but_black_without_a_room()
+void TestCanvas::the_tip_is_drawn_from_a_list()
 {
     OpenCanvas canvas;
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
-    canvas.showXYGrid(true);
-    canvas.load(0);
-    canvas.unloadRoom();
-    QCOMPARE(count_pixels(canvas.grabFrameBuffer(), [](QRgb p) { return (p & RGB_MASK) != 0; }), 0);
+    canvas.makeCurrent();
+    canvas.setTipSeen(true);
+    canvas.drawTip();
+    QCOMPARE(canvas.tip_list, 0u);
+    canvas.tip_enabled = true;
+    canvas.drawTip();
+    const unsigned int list = canvas.tip_list;
+    QVERIFY(glIsList(list));
+    canvas.drawTip();
+    QCOMPARE(canvas.tip_list, list);
+    QCOMPARE(glGetError(), GLenum(GL_NO_ERROR));
 }
 
 QTEST_MAIN(TestCanvas)

@@ -55,7 +55,6 @@ private slots:
     void loads_the_inverse_of_the_record();
     void saves_what_is_stored();
     void stores_nothing_below_the_tolerance();
-    void undo_of_nothing_says_nothing();
     void agrees_with_a_plain_list_of_states();
     void an_undo_limit_drops_the_oldest();
     void unloading_keeps_the_display();
@@ -74,11 +73,6 @@ void TestRoom::loads_the_inverse_of_the_record()
     QCOMPARE(loaded.at(0).at(0).toBool(), false);
     QCOMPARE(loaded.at(1).at(0).toBool(), true);
     QVERIFY(!room.modified);
-    move(room, 10);
-    const bsMatrix shown = some_pose() * bsMatrix(room.frame.toMatrix());
-    QVERIFY(shown != some_pose());
-    bsMatrix to_origin = room.loaded_inverse * room.frame.toMatrix();
-    QVERIFY(room.getOriginFramePosition() == to_origin.fastInvert().getColumn(3));
 }
 
 void TestRoom::saves_what_is_stored()
@@ -94,8 +88,6 @@ void TestRoom::saves_what_is_stored()
 
     move(room, 33);
     const bsMatrix movement = room.frame.toMatrix();
-    room.save(&data, true);
-    QVERIFY(matrix_of(data) == bsMatrix::getIdentityMatrix());
     QVERIFY(room.store());
     room.save(&data, true);
     QVERIFY(matrix_of(data) * movement == bsMatrix::getIdentityMatrix());
@@ -106,6 +98,8 @@ void TestRoom::saves_what_is_stored()
 void TestRoom::stores_nothing_below_the_tolerance()
 {
     abcRoom room(nullptr);
+    room.undo();
+    QVERIFY(!room.modified);
     move(room, 5);
     QVERIFY(room.store());
     room.undo();
@@ -119,16 +113,6 @@ void TestRoom::stores_nothing_below_the_tolerance()
     QVERIFY(room.store());
     QVERIFY(room.redo_list.isEmpty());
     QVERIFY(room.last_stored == room.cumulated);
-}
-
-void TestRoom::undo_of_nothing_says_nothing()
-{
-    abcRoom room(nullptr);
-    QSignalSpy modified(&room, SIGNAL(roomModified(bool)));
-    room.undo();
-    room.redo();
-    QCOMPARE(modified.count(), 0);
-    QVERIFY(!room.modified);
 }
 
 void TestRoom::agrees_with_a_plain_list_of_states()
