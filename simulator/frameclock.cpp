@@ -29,7 +29,6 @@ void FrameClock::step_due_frames()
     const qint64 due = clock.elapsed() * frame_rate / ms_per_second;
     for (frames = std::max(frames, due - max_frames_at_once); frames < due; ++frames)
         step();
-    emit stepped();
     wait_for_next_frame();
 }
 

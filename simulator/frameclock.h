@@ -20,9 +20,6 @@ public:
     /// `simulator` must outlive the clock.
     explicit FrameClock(Simulator& simulator, QObject* parent = nullptr);
 
-signals:
-    void stepped();
-
 private slots:
     void step_due_frames();
 

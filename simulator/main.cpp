@@ -3,6 +3,7 @@
 #include "simulator/frameclock.h"
 #include "simulator/lineserver.h"
 #include "simulator/simulator.h"
+#include "simulator/simulatorwindow.h"
 
 #include <QApplication>
 #include <QSocketNotifier>
@@ -15,6 +16,7 @@ using namespace simulator;
 
 namespace {
 
+const QSize window_size(1080, 720);
 constexpr int usage_status = 2;
 /// Tells a stop that was asked for as a fault from a window that was closed.
 constexpr int stopped_status = 3;
@@ -60,6 +62,15 @@ int early_end(const CommandLine& line)
     return usage_status;
 }
 
+std::unique_ptr<SimulatorWindow> make_window(Simulator& simulator, int port)
+{
+    auto window = std::make_unique<SimulatorWindow>(simulator);
+    window->setWindowTitle(QString("Tracking simulator - 127.0.0.1:%1").arg(port));
+    window->resize(window_size);
+    window->show();
+    return window;
+}
+
 int run(QCoreApplication& application, const CommandLine& line)
 {
     Simulator simulator(line.setup);
@@ -70,6 +81,7 @@ int run(QCoreApplication& application, const CommandLine& line)
         return EXIT_FAILURE;
     }
     FrameClock clock(simulator);
+    const auto window = line.headless ? nullptr : make_window(simulator, server.port());
     if (line.exit_with_parent)
         quit_when_input_closes(&application);
     std::printf("listening 127.0.0.1:%d\n", server.port());

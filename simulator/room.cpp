@@ -56,9 +56,9 @@ std::vector<Pose> mount_cameras(int count)
 
 std::vector<Vec3> object_points()
 {
-    return {{0.0, 0.0, 0.0},          {640.40, 12.25, -8.50},  {715.10, 298.75, 42.0},
-            {412.35, 505.20, 58.60},  {-95.80, 418.90, 27.25}, {78.15, 142.45, 330.70},
-            {540.60, 225.30, 284.15}, {265.25, 310.80, 205.90}};
+    return {{0.0, 0.0, 0.0},          {480.40, -62.25, 35.50},  {905.10, 48.75, -20.00},
+            {842.35, 385.20, 58.60},  {560.80, 610.90, 127.25}, {118.15, 542.45, -40.70},
+            {610.60, 265.30, 214.15}, {225.25, 250.80, 105.90}};
 }
 
 Pose place_object(unsigned int seed)
@@ -73,8 +73,8 @@ Pose place_object(unsigned int seed)
     const Mat3 lying = rotation_about({1, 0, 0}, -90.0);
     const Mat3 turned = rotation_about(up, heading) * rotation_about({1, 0, 0}, tilt) *
                         rotation_about({0, 0, 1}, roll) * lying;
-    const Vec3 middle = {310.0, 240.0, 120.0};
-    const Vec3 stand = {850.0 + within(100.0), object_height, -350.0 + within(100.0)};
+    const Vec3 middle = {450.0, 260.0, 60.0};
+    const Vec3 stand = {900.0 + within(100.0), object_height, -300.0 + within(100.0)};
     return {turned, stand - turned * middle};
 }
 

@@ -11,8 +11,8 @@ namespace simulator {
 
 /// World coordinates, in mm: x to the right, y up, z towards the viewer who stands before the
 /// front wall; the origin is the middle of the floor.
-constexpr double room_half_width = 2500.0;
-constexpr double room_half_depth = 2000.0;
+constexpr double room_half_width = 2100.0;
+constexpr double room_half_depth = 1600.0;
 
 /// Poses T_world_camera of `count` cameras spread along the walls, looking to the room's middle.
 std::vector<Pose> mount_cameras(int count);

@@ -4,9 +4,9 @@ namespace simulator {
 
 namespace {
 
-const Vec3 start_of_hand = {-350.0, 1000.0, 250.0};
-const Vec3 start_of_stick = {-1300.0, 1100.0, -600.0};
-const Vec3 table_edge = {-1700.0, 800.0, 1200.0};
+const Vec3 start_of_hand = {-450.0, 1000.0, 350.0};
+const Vec3 start_of_stick = {-1200.0, 1100.0, -500.0};
+const Vec3 table_edge = {-1500.0, 800.0, 950.0};
 const Vec3 table_spacing = {180.0, 0.0, 0.0};
 
 } // namespace

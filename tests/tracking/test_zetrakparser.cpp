@@ -131,6 +131,7 @@ private slots:
     void lines_leave_records();
     void hostile_lines_allocate_nothing_data();
     void hostile_lines_allocate_nothing();
+    void the_highest_id_makes_room();
     void the_cursor_ends_behind_the_line();
     void frame_time_and_calibrated_counts();
     void every_kind_stores_its_pose();
@@ -235,6 +236,15 @@ void TestZetrakParser::hostile_lines_allocate_nothing()
         QCOMPARE(read, bodies_below_none_are_none && *number == '-');
         QCOMPARE(parser.storage(), std::size_t(0));
     }
+}
+
+void TestZetrakParser::the_highest_id_makes_room()
+{
+    ZetrakParser parser;
+    QVERIFY(parse(parser, "6d 1 [4096 1]@") && parse(parser, "6dmtr 4096 0"));
+    QCOMPARE(parser.getNumBody(), 4097);
+    QCOMPARE(parser.getBody(4095)->id, 4095);
+    QCOMPARE(parser.getNumMeaRef(), 4096);
 }
 
 void TestZetrakParser::the_cursor_ends_behind_the_line()
