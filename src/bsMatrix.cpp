@@ -1,3 +1,4 @@
+// Long because the type has many operations; each is one formula.
 #include "src/bsMatrix.h"
 
 #include "src/bsAssert.h"
