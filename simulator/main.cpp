@@ -6,6 +6,7 @@
 #include "simulator/simulatorwindow.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QSocketNotifier>
 #include <cstdio>
 #include <cstdlib>
@@ -66,7 +67,7 @@ std::unique_ptr<SimulatorWindow> make_window(Simulator& simulator, int port)
 {
     auto window = std::make_unique<SimulatorWindow>(simulator);
     window->setWindowTitle(QString("Tracking simulator - 127.0.0.1:%1").arg(port));
-    window->resize(window_size);
+    window->resize(window_size.boundedTo(window->screen()->availableSize()));
     window->show();
     return window;
 }

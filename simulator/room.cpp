@@ -33,6 +33,17 @@ Pose mount_camera(double turn)
     return {from_columns(right, cross(forward, right), forward), position};
 }
 
+Vec3 nearest_to_rear_wall(const std::vector<Pose>& cameras)
+{
+    const auto distance = [](const Pose& camera) {
+        const Vec3 way = camera.position - Vec3{0.0, camera_height, -room_half_depth};
+        return dot(way, way);
+    };
+    return std::min_element(cameras.begin(), cameras.end(),
+                            [&](const Pose& a, const Pose& b) { return distance(a) < distance(b); })
+        ->position;
+}
+
 Vec3 origin_in_world(const QByteArray& type, const std::vector<Pose>& cameras)
 {
     if (type == "normal")
@@ -41,7 +52,7 @@ Vec3 origin_in_world(const QByteArray& type, const std::vector<Pose>& cameras)
         return {0.0, wall_middle_height, -room_half_depth};
     if (type == "powerwall_standing" || cameras.empty())
         return {0.0, 0.0, -room_half_depth};
-    return cameras[(cameras.size() - 1) / 2].position;
+    return nearest_to_rear_wall(cameras);
 }
 
 } // namespace

@@ -29,7 +29,7 @@ bool is_coordinate_type(const QByteArray& word);
 
 /// T_room_world of a calibration of this type, which must not be "none". "normal" has its origin
 /// on the floor and z up; the others have y up, with the origin in the middle of the rear wall,
-/// at its foot, or in the middle one of the cameras.
+/// at its foot, or in the camera nearest to its middle.
 Pose calibration(const QByteArray& type, const std::vector<Pose>& cameras);
 
 } // namespace simulator

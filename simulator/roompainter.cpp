@@ -25,6 +25,7 @@ const QColor object_colour("#2f8f6b");
 const QColor object_fill(47, 143, 107, 38);
 const QColor held_colour("#b3264a");
 const QColor measuring_colour("#1f9e4b");
+const QColor ring_colour("#c5e6d0");
 const QColor stick_colour("#7a4fb5");
 
 constexpr double grid_step = 500.0;   ///< mm
@@ -144,8 +145,8 @@ void RoomPainter::paint_floor()
     block_outline(floor);
     painter.setPen(quiet_colour);
     QRectF text;
-    painter.drawText(floor.adjusted(8, 6, -8, -6), Qt::AlignHCenter | Qt::AlignTop, "rear wall",
-                     &text);
+    painter.drawText(floor.adjusted(0.3 * floor.width(), 6, 0, 0), Qt::AlignLeft | Qt::AlignTop,
+                     "rear wall", &text);
     placer.block(text);
 }
 
@@ -271,14 +272,16 @@ void RoomPainter::paint_tool(int index)
     }
     if (simulator.controller.is_measuring(index))
         paint_measuring_ring(at, index);
-    mark(QString("M%1").arg(index + 1) + (seen ? "" : " (not seen)"), at, 1.6 * radius, colour);
+    mark(QString("M%1").arg(index + 1) + (seen ? "" : " lost"), at, 1.6 * radius, colour);
 }
 
 void RoomPainter::paint_measuring_ring(const QPointF& at, int index)
 {
     const Controller::ToolState& state = simulator.controller.tool(index);
     const double left = state.frames_to_measure / (state.duration * frame_rate);
-    constexpr int full_circle = 16 * 360; // a pie of QPainter counts sixteenths of a degree
+    constexpr int full_circle = 16 * 360; // QPainter counts sixteenths of a degree
+    painter.setPen(QPen(ring_colour, 3));
+    painter.drawEllipse(square(at, ring_radius));
     painter.setPen(QPen(measuring_colour, 3));
     painter.drawArc(square(at, ring_radius), full_circle / 4,
                     -int(full_circle * (1.0 - std::min(left, 1.0))));
