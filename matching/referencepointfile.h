@@ -25,8 +25,9 @@ enum
 /// before it, and those after it that do not match, are skipped. Point numbers are not kept. A
 /// numbered line without a line feed at the end of the file is lost. Values go through float, in
 /// the C locale; a value that is not finite does not match.
-/// A block's y and z values go to the points from the first one on; those beyond its x values are
-/// ignored, and what a point is not told stays -999.
+/// The x values of a block add points; its y and z values are counted from the first point of the
+/// file, also in a later block. Those beyond the block's number of x values are ignored, and a
+/// coordinate that is not told is -999.
 ///
 /// False, with `points` as they were, if no format was recognised, on a read error, or for more
 /// than `reference_file_max_points` points. A recognised file may hold no point.

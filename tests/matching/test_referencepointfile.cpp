@@ -149,6 +149,9 @@ void TestReferencePointFile::reads_the_three_formats_data()
                                           << QString("1 -999 -999; 4 5 6");
     QTest::newRow("keyed twice adds points")
         << x + y + z + "\n" + keyed(0, "8") << QString("1 3 5; 2 4 6; 8 -999 -999");
+    QTest::newRow("keyed twice counts y from the first point")
+        << x + y + z + "\n" + keyed(0, "8") + keyed(1, "7") + y
+        << QString("1 7 5; 2 4 6; 8 -999 -999");
     QTest::newRow("other pilcrow") << QByteArray("Documentation_mPos[3][0]:3:\xC2\xB6"
                                                  "1\xC2\xB6\n")
                                    << QString();
