@@ -27,8 +27,8 @@ public:
     void await(const QString& name, Condition condition, int limit_ms = default_limit);
     void pause(int milliseconds);
 
-    /// Asked during each wait whose condition does not hold; a text other than an empty one says
-    /// what went wrong.
+    /// Asked during each wait but pauses whose condition does not hold; a text other than an empty
+    /// one says what went wrong.
     void setAlarm(std::function<QString()> new_alarm);
 
     void start();
@@ -47,6 +47,7 @@ private:
         Action action; ///< empty: a wait
         Condition condition;
         int limit;
+        bool is_alert; ///< the alarm is asked
     };
 
     void tick();

@@ -63,6 +63,15 @@ void type_text(QWidget& widget, const QString& text)
         press_key(widget, 0, character);
 }
 
+// Editors of cells that were left before may wait for their deletion.
+QLineEdit& cell_editor(QTableWidget& table)
+{
+    for (QLineEdit* editor : table.viewport()->findChildren<QLineEdit*>())
+        if (editor->isVisible())
+            return *editor;
+    throw DemoFailure(QStringLiteral("%1 cannot be edited").arg(table.objectName()));
+}
+
 QString plain(QString text)
 {
     return text.remove(QLatin1Char('&'));
@@ -195,12 +204,10 @@ void type_number(QTableWidget& table, int row, int column, double number)
     require_workable(table);
     table.setCurrentCell(row, column);
     table.editItem(table.item(row, column));
-    auto* editor = table.viewport()->findChild<QLineEdit*>();
-    if (!editor)
-        throw DemoFailure(QStringLiteral("%1 cannot be edited").arg(table.objectName()));
-    editor->selectAll();
-    type_text(*editor, QString::number(number, 'f', cell_decimals));
-    press_key(*editor, Qt::Key_Return);
+    QLineEdit& editor = cell_editor(table);
+    editor.selectAll();
+    type_text(editor, QString::number(number, 'f', cell_decimals));
+    press_key(editor, Qt::Key_Return);
 }
 
 void drag(QWidget& widget, Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
