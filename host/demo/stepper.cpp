@@ -19,13 +19,13 @@ void Stepper::act(const QString& name, Action action)
 
 void Stepper::await(const QString& name, Condition condition, int limit_ms)
 {
-    steps.push_back({name.toUtf8(), {}, std::move(condition), limit_ms, true});
+    steps.push_back({name.toUtf8(), {}, std::move(condition), limit_ms, false});
 }
 
 void Stepper::pause(int milliseconds)
 {
     const auto is_over = [this, milliseconds] { return step_clock.elapsed() >= milliseconds; };
-    steps.push_back({"pause", {}, is_over, milliseconds + default_limit, false});
+    steps.push_back({"pause", {}, is_over, milliseconds + default_limit, true});
 }
 
 void Stepper::setAlarm(std::function<QString()> new_alarm)
@@ -64,6 +64,7 @@ void Stepper::carryOut()
     const Step& step = steps[current];
     if (step.action) {
         advance();
+        emit acting(QString::fromUtf8(step.name));
         step.action();
     } else {
         look(step);
@@ -76,7 +77,7 @@ void Stepper::look(const Step& step)
         advance();
         return;
     }
-    const QString trouble = alarm && step.is_alert ? alarm() : QString();
+    const QString trouble = alarm && !step.is_pause ? alarm() : QString();
     if (!trouble.isEmpty())
         fail(trouble);
     else if (step_clock.elapsed() > step.limit)

@@ -37,6 +37,8 @@ public:
     const char* currentStep() const { return current_name; }
 
 signals:
+    /// An action begins.
+    void acting(const QString& name);
     void finished();
     void failed(const QString& text);
 
@@ -47,7 +49,7 @@ private:
         Action action; ///< empty: a wait
         Condition condition;
         int limit;
-        bool is_alert; ///< the alarm is asked
+        bool is_pause;
     };
 
     void tick();

@@ -5,7 +5,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDoubleSpinBox>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -14,6 +16,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -126,6 +129,18 @@ void answer(int standard_button)
     if (!button)
         throw DemoFailure(QStringLiteral("no such answer to \"%1\"").arg(box->text()));
     click(*button);
+}
+
+void choose_file(const QString& file_name)
+{
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* name = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
+    auto* buttons = dialog ? dialog->findChild<QDialogButtonBox*>() : nullptr;
+    if (!name || !buttons)
+        throw DemoFailure(QStringLiteral("there is no file dialog to work with"));
+    name->setText(file_name);
+    const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
+    click(*buttons->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open));
 }
 
 QAction& menu_entry(QMainWindow& main_window, const QString& menu, const QString& entry)
