@@ -30,6 +30,7 @@ Demo::Demo(Session& session, const Options& options)
       scenario(stepper, person, session.mainWindow(), options.screenshot_folder)
 {
     connect(&session.controller(), &ControllerLink::exchanged, this, &Demo::noticeExchange);
+    connect(&stepper, &Stepper::acting, this, &Demo::noticeStep);
     connect(&stepper, &Stepper::finished, this, [this] { conclude(true, scenario.verdict()); });
     connect(&stepper, &Stepper::failed, this,
             [this](const QString& text) { conclude(false, text); });
@@ -60,15 +61,26 @@ void Demo::start()
         conclude(false, QString::fromStdString(failure.what()));
         return;
     }
+    clock.start();
     stepper.start();
+}
+
+void Demo::noticeStep(const QString& name)
+{
+    std::printf("%6.1f s  %s\n", clock.elapsed() / 1000.0, qPrintable(name));
+    std::fflush(stdout);
 }
 
 void Demo::noticeExchange(const Exchange& exchange)
 {
     const bool changes = exchange.request.startsWith("set ") || exchange.request.startsWith("do ");
-    if (changes)
-        sent.append(QString::fromLatin1(exchange.request) +
-                    (exchange.reply.ok() ? QString() : QStringLiteral("   (failed)")));
+    if (!changes)
+        return;
+    const QString text = QString::fromLatin1(exchange.request) +
+                         (exchange.reply.ok() ? QString() : QStringLiteral("   (failed)"));
+    if (sent.isEmpty() || sent.last().text != text)
+        sent.append({text, 0});
+    ++sent.last().times;
 }
 
 // Ends queued, so that it also works before the event loop runs.
@@ -77,8 +89,9 @@ void Demo::conclude(bool success, const QString& text)
     if (std::exchange(concluded, true))
         return;
     std::printf("\nSent to the controller:\n");
-    for (const QString& line : qAsConst(sent))
-        std::printf("  %s\n", qPrintable(line));
+    for (const Sent& line : qAsConst(sent))
+        std::printf(line.times > 1 ? "  %s   (%d times)\n" : "  %s\n", qPrintable(line.text),
+                    line.times);
     std::printf("\n%s: %s\n", success ? "PASSED" : "FAILED", qPrintable(text));
     std::fflush(stdout);
     QTimer::singleShot(0, qApp, [success] { QApplication::exit(success ? 0 : demo_failed); });

@@ -7,8 +7,10 @@
 #include "host/demo/stepper.h"
 #include "host/options.h"
 
+#include <QElapsedTimer>
+#include <QList>
 #include <QObject>
-#include <QStringList>
+#include <QString>
 
 #include <condition_variable>
 #include <mutex>
@@ -34,6 +36,13 @@ public:
     void start();
 
 private:
+    struct Sent
+    {
+        QString text;
+        int times; ///< in a row
+    };
+
+    void noticeStep(const QString& name);
     void noticeExchange(const Exchange& exchange);
     void conclude(bool success, const QString& text);
     void watch();
@@ -42,7 +51,8 @@ private:
     SimulatedPerson person;
     Stepper stepper;
     Scenario scenario;
-    QStringList sent;
+    QList<Sent> sent;
+    QElapsedTimer clock;
     bool concluded = false;
     std::mutex mutex;
     std::condition_variable done;

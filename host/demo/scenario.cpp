@@ -8,11 +8,12 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QDoubleSpinBox>
-#include <QGuiApplication>
+#include <QFile>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPixmap>
@@ -42,6 +43,8 @@ constexpr int measurement_limit = 20000; // ms
 constexpr std::size_t most_points = 6;   // all orders of the points are tried
 constexpr std::size_t fewest_points = 4;
 constexpr int start_ways = 4;
+constexpr int typed_points = 2; // the others come from a file
+constexpr int shown_decimals = 2;
 
 // What the numbers sent may differ from those shown: half a unit of the last decimal, and for the
 // rotation the fineness of the constant between degrees and radians.
@@ -83,6 +86,11 @@ QTabWidget& tabs()
     return driver::find<QTabWidget>(adjustment, QStringLiteral("tabWidget"));
 }
 
+QTableWidget& reference_table()
+{
+    return driver::find<QTableWidget>(matching, QStringLiteral("tableWidget_referencePoints"));
+}
+
 QString report()
 {
     return driver::find<QTextEdit>(matching, QStringLiteral("w_trafoText")).toPlainText();
@@ -109,9 +117,13 @@ std::vector<int> shuffled(int count)
     return order;
 }
 
-void print_point(const char* title, const Point& point)
+void print_comparison(const Point& reference, const Point& reported, double deviation,
+                      double allowed)
 {
-    std::printf("%s (%10.2f %10.2f %10.2f)", title, point[0], point[1], point[2]);
+    std::printf("  reference (%8.2f %8.2f %8.2f)  reported (%8.2f %8.2f %8.2f)  deviation %.3f mm, "
+                "allowed %.3f mm\n",
+                reference[0], reference[1], reference[2], reported[0], reported[1], reported[2],
+                deviation, allowed);
 }
 
 } // namespace
@@ -217,20 +229,60 @@ void Scenario::planUnsavedQuestion()
 
 void Scenario::planReferencePoints()
 {
-    for (std::size_t row = 0; row < points.size(); ++row)
+    for (int row = 0; row < typed_points; ++row)
         stepper.act("type a reference point", [this, row] {
             click(matching, "pushButton_addRefPoint");
-            auto& table = driver::find<QTableWidget>(matching, "tableWidget_referencePoints");
+            const Point& point = points[static_cast<std::size_t>(row)];
             for (int column = 0; column < 3; ++column)
-                driver::type_number(table, static_cast<int>(row), column,
-                                    points[row][static_cast<std::size_t>(column)]);
+                driver::type_number(reference_table(), row, column,
+                                    point[static_cast<std::size_t>(column)]);
         });
+    planPicture("typed-points");
+    stepper.act("write a file of reference points", [this] { writePoints(); });
+    stepper.act("load reference points", [] { click(matching, "w_loadButton"); });
+    stepper.await("file dialog", [] {
+        return QApplication::activeModalWidget() != driver::visible_window(matching);
+    });
+    stepper.act("choose the file", [this] { driver::choose_file(pointFile()); });
+    stepper.await("reference points in the table", [this] { return referenceTableHoldsPoints(); });
     stepper.act("let the order be found", [] {
         auto& ordered = driver::find<QCheckBox>(matching, "w_orderCheckBox");
         if (ordered.isChecked())
             driver::click(ordered);
     });
-    planPicture("reference-points");
+}
+
+QString Scenario::pointFile() const
+{
+    return temporary.filePath(QStringLiteral("reference-points.txt"));
+}
+
+// The numbered form that the matching dialog reads: number, x, y, z.
+void Scenario::writePoints()
+{
+    QFile file(pointFile());
+    require(file.open(QIODevice::WriteOnly), "the file of reference points cannot be written");
+    int number = 0;
+    for (const Point& point : points) {
+        QByteArray line = QByteArray::number(++number);
+        for (double coordinate : point)
+            line += ' ' + QByteArray::number(coordinate, 'f', shown_decimals);
+        file.write(line + '\n');
+    }
+}
+
+bool Scenario::referenceTableHoldsPoints() const
+{
+    const QTableWidget& table = reference_table();
+    bool same = table.rowCount() == static_cast<int>(points.size());
+    for (int row = 0; same && row < table.rowCount(); ++row)
+        for (int column = 0; column < 3; ++column) {
+            const double coordinate =
+                points[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+            same = same && table.item(row, column)->text() ==
+                               QString::number(coordinate, 'f', shown_decimals);
+        }
+    return same;
 }
 
 void Scenario::planMeasurements()
@@ -285,10 +337,11 @@ bool Scenario::isMeasured(int rows)
 void Scenario::planResult()
 {
     stepper.await("a result to apply", [] { return is_enabled(adjustment, "btn_apply"); });
+    stepper.act("adjust the view", [] { click(adjustment, "w_adjustViewButton"); });
     planPicture("result");
     stepper.act("apply the result", [] { click(adjustment, "btn_apply"); });
     stepper.act("compare with the controller", [this] { checkControllerHoldsFineTab(); });
-    stepper.act("compare with the truth", [this] { checkPoints(); });
+    stepper.act("compare with the truth", [this] { checkPoints(true); });
 }
 
 void Scenario::planEnd()
@@ -296,7 +349,7 @@ void Scenario::planEnd()
     stepper.act("close the dialog", [] { click(adjustment, "btn_ok"); });
     stepper.await("end of the dialog", [] { return !driver::visible_window(adjustment); });
     planPicture("end");
-    stepper.act("compare with the truth again", [this] { checkPoints(); });
+    stepper.act("compare with the truth again", [this] { checkPoints(false); });
 }
 
 void Scenario::checkControllerHoldsFineTab()
@@ -317,7 +370,7 @@ void Scenario::checkControllerHoldsFineTab()
             "the controller's scaling is not the one shown");
 }
 
-void Scenario::checkPoints()
+void Scenario::checkPoints(bool print)
 {
     const double duration = person.parameter("measurementtool measurement_duration b01").front();
     const MeasurementLimits limits = {noise, duration * frame_rate,
@@ -325,17 +378,15 @@ void Scenario::checkPoints()
     const Pose room_object = person.truePose();
     double worst = 0.0;
     bool all_right = true;
-    std::printf("\nPoints of the object, as the controller now reports them:\n");
     for (std::size_t i = 0; i < points.size(); ++i) {
         person.act("touch " + QByteArray::number(static_cast<int>(i) + 1));
         const Point reported = person.tip();
         const double deviation = distance(reported, points[i]);
         const double allowed = allowed_deviation(limits, room_object(points[i]));
-        print_point("  reference", points[i]);
-        print_point("  reported", reported);
-        std::printf("  deviation %.3f mm of %.3f mm allowed\n", deviation, allowed);
         worst = std::max(worst, deviation);
         all_right = all_right && deviation <= allowed;
+        if (print)
+            print_comparison(points[i], reported, deviation, allowed);
     }
     require(all_right, "the points are not where they should be");
     result = QStringLiteral("the controller reports all points within %1 mm").arg(worst, 0, 'f', 3);
@@ -355,7 +406,7 @@ void Scenario::takePicture(const QString& name)
                              .arg(folder)
                              .arg(++pictures, 2, 10, QLatin1Char('0'))
                              .arg(name);
-    const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
+    const QPixmap screen = QApplication::primaryScreen()->grabWindow(0);
     if (!QDir().mkpath(folder) || !screen.save(file))
         throw DemoFailure(QStringLiteral("%1 cannot be written").arg(file));
 }

@@ -5,6 +5,7 @@
 #include "host/demo/deviation.h"
 
 #include <QString>
+#include <QTemporaryDir>
 
 #include <vector>
 
@@ -40,9 +41,12 @@ private:
     void planEnd();
 
     void prepareSimulator();
+    QString pointFile() const;
+    void writePoints();
+    bool referenceTableHoldsPoints() const;
     bool isMeasured(int rows);
     void checkControllerHoldsFineTab();
-    void checkPoints();
+    void checkPoints(bool print);
     void planPicture(const QString& name);
     void takePicture(const QString& name);
 
@@ -51,6 +55,7 @@ private:
     QMainWindow& main_window;
     QString folder;
     int pictures = 0;
+    QTemporaryDir temporary;
     std::vector<Point> points; ///< the object's points in its own coordinates, mm
     QString result;
 };

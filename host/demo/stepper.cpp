@@ -14,20 +14,18 @@ constexpr int tick_interval = 20; // ms
 
 void Stepper::act(const QString& name, Action action)
 {
-    steps.push_back({name.toUtf8(), std::move(action), {}, 0});
+    steps.push_back({name.toUtf8(), std::move(action), {}, 0, false});
 }
 
 void Stepper::await(const QString& name, Condition condition, int limit_ms)
 {
-    steps.push_back({name.toUtf8(), {}, std::move(condition), limit_ms});
+    steps.push_back({name.toUtf8(), {}, std::move(condition), limit_ms, false});
 }
 
 void Stepper::pause(int milliseconds)
 {
-    await(
-        QStringLiteral("pause"),
-        [this, milliseconds] { return step_clock.elapsed() >= milliseconds; },
-        milliseconds + default_limit);
+    const auto is_over = [this, milliseconds] { return step_clock.elapsed() >= milliseconds; };
+    steps.push_back({"pause", {}, is_over, milliseconds + default_limit, true});
 }
 
 void Stepper::setAlarm(std::function<QString()> new_alarm)
@@ -66,6 +64,7 @@ void Stepper::carryOut()
     const Step& step = steps[current];
     if (step.action) {
         advance();
+        emit acting(QString::fromUtf8(step.name));
         step.action();
     } else {
         look(step);
@@ -78,7 +77,7 @@ void Stepper::look(const Step& step)
         advance();
         return;
     }
-    const QString trouble = alarm ? alarm() : QString();
+    const QString trouble = alarm && !step.is_pause ? alarm() : QString();
     if (!trouble.isEmpty())
         fail(trouble);
     else if (step_clock.elapsed() > step.limit)

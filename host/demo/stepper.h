@@ -27,8 +27,8 @@ public:
     void await(const QString& name, Condition condition, int limit_ms = default_limit);
     void pause(int milliseconds);
 
-    /// Asked during each wait whose condition does not hold; a text other than an empty one says
-    /// what went wrong.
+    /// Asked during each wait but pauses whose condition does not hold; a text other than an empty
+    /// one says what went wrong.
     void setAlarm(std::function<QString()> new_alarm);
 
     void start();
@@ -37,6 +37,8 @@ public:
     const char* currentStep() const { return current_name; }
 
 signals:
+    /// An action begins.
+    void acting(const QString& name);
     void finished();
     void failed(const QString& text);
 
@@ -47,6 +49,7 @@ private:
         Action action; ///< empty: a wait
         Condition condition;
         int limit;
+        bool is_pause;
     };
 
     void tick();

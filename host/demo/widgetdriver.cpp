@@ -5,7 +5,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDoubleSpinBox>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -14,6 +16,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -61,6 +64,15 @@ void type_text(QWidget& widget, const QString& text)
 {
     for (const QChar& character : text)
         press_key(widget, 0, character);
+}
+
+// Editors of cells that were left before may wait for their deletion.
+QLineEdit& cell_editor(QTableWidget& table)
+{
+    for (QLineEdit* editor : table.viewport()->findChildren<QLineEdit*>())
+        if (editor->isVisible())
+            return *editor;
+    throw DemoFailure(QStringLiteral("%1 cannot be edited").arg(table.objectName()));
 }
 
 QString plain(QString text)
@@ -117,6 +129,18 @@ void answer(int standard_button)
     if (!button)
         throw DemoFailure(QStringLiteral("no such answer to \"%1\"").arg(box->text()));
     click(*button);
+}
+
+void choose_file(const QString& file_name)
+{
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* name = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
+    auto* buttons = dialog ? dialog->findChild<QDialogButtonBox*>() : nullptr;
+    if (!name || !buttons)
+        throw DemoFailure(QStringLiteral("there is no file dialog to work with"));
+    name->setText(file_name);
+    const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
+    click(*buttons->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open));
 }
 
 QAction& menu_entry(QMainWindow& main_window, const QString& menu, const QString& entry)
@@ -195,12 +219,10 @@ void type_number(QTableWidget& table, int row, int column, double number)
     require_workable(table);
     table.setCurrentCell(row, column);
     table.editItem(table.item(row, column));
-    auto* editor = table.viewport()->findChild<QLineEdit*>();
-    if (!editor)
-        throw DemoFailure(QStringLiteral("%1 cannot be edited").arg(table.objectName()));
-    editor->selectAll();
-    type_text(*editor, QString::number(number, 'f', cell_decimals));
-    press_key(*editor, Qt::Key_Return);
+    QLineEdit& editor = cell_editor(table);
+    editor.selectAll();
+    type_text(editor, QString::number(number, 'f', cell_decimals));
+    press_key(editor, Qt::Key_Return);
 }
 
 void drag(QWidget& widget, Qt::MouseButton button, Qt::KeyboardModifiers modifiers,

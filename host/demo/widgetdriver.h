@@ -41,6 +41,8 @@ QWidget& find_by_class(const QString& window_name, const char* class_name);
 /// The message box that waits for an answer, or null.
 QMessageBox* message_box();
 void answer(int standard_button);
+/// Gives the file dialog that is open a name and accepts it.
+void choose_file(const QString& file_name);
 
 /// The entry with this text, ampersands apart, in the menu with this title.
 QAction& menu_entry(QMainWindow& main_window, const QString& menu, const QString& entry);
