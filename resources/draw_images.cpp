@@ -315,6 +315,11 @@ void draw_zooming(QPainter& p)
 }
 
 // Two frames and an object, for the help of the matching dialog.
+// The drawing is laid out on 460 by 220 and shrunk, so that the help fits on a small screen.
+
+const double frames_scale = 0.72;
+const int frames_width = 331;
+const int frames_height = 158;
 
 using Point3 = std::array<double, 3>;
 
@@ -349,13 +354,15 @@ void draw_frame(QPainter& p, const Frame3& frame, double length)
         Point3 direction;
         const char* name;
         QColor color;
-    } axes[] = {{frame.y, "y", axis_y}, {frame.x, "x", axis_x}, {frame.z, "z", axis_z}};
+        QPointF from_tip_to_name;
+    } axes[] = {{frame.y, "y", axis_y, {-9, -10}},
+                {frame.x, "x", axis_x, {18, 0}},
+                {frame.z, "z", axis_z, {0, -16}}};
     const QPointF origin = on_paper(frame.origin);
     for (const auto& axis : axes) {
-        draw_arrow(p, origin, on_paper(along(frame.origin, axis.direction, length)), 2.6, 11,
-                   axis.color);
-        const QPointF name = on_paper(along(frame.origin, axis.direction, 1.22 * length));
-        draw_text(p, name, axis.name, font(13, true), axis.color);
+        const QPointF tip = on_paper(along(frame.origin, axis.direction, length));
+        draw_arrow(p, origin, tip, 2.6, 11, axis.color);
+        draw_text(p, tip + axis.from_tip_to_name, axis.name, font(16, true), axis.color);
     }
     p.setPen(Qt::NoPen);
     p.setBrush(ink);
@@ -366,8 +373,8 @@ void draw_name_of_frame(QPainter& p, QPointF centre, const char* name)
 {
     p.setPen(Qt::NoPen);
     p.setBrush(ink);
-    p.drawEllipse(centre, 12, 12);
-    draw_text(p, centre, name, font(15, true), Qt::white);
+    p.drawEllipse(centre, 14, 14);
+    draw_text(p, centre, name, font(18, true), Qt::white);
 }
 
 const double object_length = 150, object_depth = 110, object_height = 62;
@@ -401,8 +408,8 @@ void draw_object(QPainter& p, const Frame3& frame)
     for (int i = 0; i < 4; ++i) {
         p.setPen(QPen(Qt::white, 1.2));
         p.setBrush(accent);
-        p.drawEllipse(points[i], 7, 7);
-        draw_text(p, points[i], QString::number(i + 1), font(10, true), Qt::white);
+        p.drawEllipse(points[i], 9, 9);
+        draw_text(p, points[i], QString::number(i + 1), font(13, true), Qt::white);
     }
 }
 
@@ -426,7 +433,8 @@ void draw_camera(QPainter& p, QPointF centre)
 
 void draw_transformation(QPainter& p)
 {
-    draw_card(p, 460, 220);
+    draw_card(p, frames_width, frames_height);
+    p.scale(frames_scale, frames_scale);
     draw_camera(p, {34, 28});
     const Frame3 initial = turned_frame({70, 0, 12}, 0, 0);
     const Frame3 object = turned_frame({262, 0, 24}, 0.15, -0.12);
@@ -450,7 +458,7 @@ void draw_transformation(QPainter& p)
 
 void draw_ref_point_format(QPainter& p)
 {
-    const int width = 236, height = 116, title = 22, line = 20;
+    const int width = 236, height = 102, title = 20, line = 18;
     draw_card(p, width, height);
     QPainterPath card, bar;
     card.addRoundedRect(QRectF(0.5, 0.5, width - 1, height - 1), 6, 6);
@@ -471,7 +479,7 @@ void draw_ref_point_format(QPainter& p)
     p.setPen(Qt::black);
     for (int row = 0; row < 4; ++row)
         for (int column = 0; column < 4; ++column)
-            p.drawText(QRectF(right_edges[column] - 80, title + 7 + row * line, 80, line),
+            p.drawText(QRectF(right_edges[column] - 80, title + 5 + row * line, 80, line),
                        Qt::AlignRight | Qt::AlignVCenter, rows[row][column]);
 }
 
@@ -505,8 +513,9 @@ bool draw_all(const QDir& folder)
            save(folder, "panning.png", gesture(draw_panning)) &&
            save(folder, "rotation.png", gesture(draw_rotation)) &&
            save(folder, "zooming.png", gesture(draw_zooming)) &&
-           save(folder, "transformation.png", image(460, 220, draw_transformation)) &&
-           save(folder, "ref_point_format.png", image(236, 116, draw_ref_point_format));
+           save(folder, "transformation.png",
+                image(frames_width, frames_height, draw_transformation)) &&
+           save(folder, "ref_point_format.png", image(236, 102, draw_ref_point_format));
 }
 
 } // namespace
