@@ -419,7 +419,9 @@ void Scenario::takePicture(const QString& name)
                              .arg(folder)
                              .arg(++pictures, 2, 10, QLatin1Char('0'))
                              .arg(name);
-    const QPixmap screen = QApplication::primaryScreen()->grabWindow(0);
+    const QRect area = driver::occupied_area();
+    const QPixmap screen = QApplication::primaryScreen()->grabWindow(0, area.x(), area.y(),
+                                                                     area.width(), area.height());
     if (!QDir().mkpath(folder) || !screen.save(file))
         throw DemoFailure(QStringLiteral("%1 cannot be written").arg(file));
 }
