@@ -25,21 +25,48 @@ if(ROOM_ADJUSTMENT_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Dialogs of one folder hold forms of another by value, so all form headers are generated into one
+# folder before any library that uses Qt is compiled.
+set(RA_FORMS_DIR ${CMAKE_BINARY_DIR}/forms)
+add_custom_target(ra_forms)
+
+# ra_generate_form(NAME.ui) makes ui_NAME.h.
+function(ra_generate_form form)
+  get_filename_component(name ${form} NAME_WE)
+  set(header ${RA_FORMS_DIR}/ui_${name}.h)
+  add_custom_command(OUTPUT ${header}
+                     COMMAND ${CMAKE_COMMAND} -E make_directory ${RA_FORMS_DIR}
+                     COMMAND $<TARGET_FILE:${RA_UIC}> -o ${header}
+                             ${CMAKE_CURRENT_SOURCE_DIR}/${form}
+                     DEPENDS ${form} VERBATIM)
+  add_custom_target(ra_form_${name} DEPENDS ${header})
+  add_dependencies(ra_forms ra_form_${name})
+endfunction()
+
 # ra_library(NAME SOURCES... [LINK ...] [STANDARD N] [QT])
 # A static library of the module. The module's own code is C++11, which is what the compilers of
 # the Qt 4.8 hosts are known to take; STANDARD raises it where no host header is included. QT runs
-# moc and uic over the sources.
+# moc over the headers and uic over the forms.
 function(ra_library name)
   cmake_parse_arguments(arg "QT" "STANDARD" "LINK" ${ARGN})
   if(NOT arg_STANDARD)
     set(arg_STANDARD 11)
   endif()
+  set(forms ${arg_UNPARSED_ARGUMENTS})
+  list(FILTER forms INCLUDE REGEX "\\.ui$")
+  list(FILTER arg_UNPARSED_ARGUMENTS EXCLUDE REGEX "\\.ui$")
+  foreach(form ${forms})
+    ra_generate_form(${form})
+  endforeach()
+
   add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${arg_LINK})
   set_target_properties(${name} PROPERTIES CXX_STANDARD ${arg_STANDARD})
   if(arg_QT)
-    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    add_dependencies(${name} ra_forms)
+    target_include_directories(${name} PUBLIC ${RA_FORMS_DIR})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOGEN_TARGET_DEPENDS ra_forms)
   endif()
 endfunction()
 

@@ -1,0 +1,180 @@
+// The dialog that finds the room adjustment from reference points touched with a Measurement Tool.
+#ifndef MATCHING_ABCMATCHINGDIALOG_H
+#define MATCHING_ABCMATCHINGDIALOG_H
+
+#include "src/bsMatrix.h"
+#include "src/bsVector.h"
+#include "ui_abcmatchingdialog.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <atomic>
+#include <vector>
+
+class IOManager;
+class QModelIndex;
+class QTableWidgetItem;
+class ZetrakParser;
+struct BackendVersions;
+
+/// One sample of a tip measurement.
+struct Pos3dTime
+{
+    double time_stamp; ///< of the frame, in seconds
+    bsVector position; ///< in mm
+};
+
+/// Holds reference points of an object (typed or loaded) and measured points of the same object,
+/// pairs them, and computes the rigid transformation between the two lists after every change. Both
+/// lists survive closing and re-opening. All lengths are mm.
+///
+/// `set_ascii_data` and what it calls may run on one other thread, the host's data thread. They
+/// touch no widget: their effects travel by the signals, and what they share with the GUI thread is
+/// atomic. Everything else belongs to the GUI thread. Host objects are not owned.
+class AbcMatchingDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    AbcMatchingDialog(IOManager* io_manager, BackendVersions* backend_versions, QWidget* parent);
+    ~AbcMatchingDialog();
+
+    // For the 3D view. Points by a bad index throw std::out_of_range.
+    unsigned int getRPCount() const;
+    unsigned int getMPCount() const;
+    unsigned int getTPCount() const;
+    const bsVector& getRP(unsigned int index) const; ///< reference point
+    const bsVector& getMP(unsigned int index) const; ///< measured point
+    const bsVector& getTP(unsigned int index) const; ///< measured point, transformed
+    bool isRPSelected(int index) const;
+    bool isMPSelected(int index) const;
+    /// Whether a valid transformation exists, that is whether OK is enabled.
+    bool checkApplyTrafo() const;
+    /// The result: takes reference points to measured points.
+    const bsMatrix& getTransformationMatrix() const;
+    bsVector getTranslation() const;
+    bsMatrix getOrientation() const;
+
+    /// Entry of the data path. Returns 0; -1 without a parser; -2 for a line that the parser
+    /// rejects or that is longer than the line buffer.
+    int set_ascii_data(const char* line_type, const char* line);
+    /// Examines the tool at this place of the last parsed data.
+    void analyse_data(int index);
+    bool isWandButtonPressed();
+    /// Mean of the samples into `mean_position`. The mean squared distance from it is added to
+    /// `variance`, which the caller presets to 0. Without samples both stay as they are.
+    void calcMeanPos(double& variance, double& standardDeviation);
+    /// The selected tool's tolerance in mm; 1.5 if the controller does not say.
+    double getMaxDeviation();
+
+    void enableDialog(bool enable);
+    void clearPoints();
+    void setOrdered(bool ordered);
+    bool isOrdered() const;
+    void printMatrix(const QString& title, const bsMatrix& m);
+    /// Pairs the points, fits, writes the report and decides on OK.
+    void checkTrafo();
+
+    void addTxtExtension(QString& fileName);
+    bool adjustNumStrTo2Digits(QString& text);
+
+signals:
+    void startTipMea();
+    void updateRequest();
+    void applyTrafoRequest(const bsMatrix& transformation);
+    void do_updateProgressbar(const double& seconds);
+    void do_addMeasuredPoint();
+    void do_setTrafoText(const QString& text);
+
+public slots:
+    /// Opens the dialog; returns what exec() returns.
+    int update_and_exec();
+    void on_pushButton_clearMeaPoints_clicked();
+    void on_pushButton_help_clicked();
+    void on_tableWidget_referencePoints_clicked(QModelIndex index);
+    void on_tableWidget_referencePoints_itemChanged(QTableWidgetItem* item);
+    void on_tableWidget_measuredPoints_itemSelectionChanged();
+    void on_comboBox_meatool_currentIndexChanged(int index);
+    void on_pushButton_removeRefPoint_clicked();
+    void on_pushButton_addRefPoint_clicked();
+    void on_pushButton_save_clicked();
+    void on_w_orderCheckBox_toggled(bool checked);
+    void on_w_applyButton_clicked();
+    void on_w_removeButton_clicked();
+    void on_w_measureButton_clicked();
+    void on_w_loadButton_clicked();
+    void on_w_closeButton_clicked();
+    void load();
+    void remove();
+    void apply();
+    void onRPSelected(int index);
+    void onOrderToggled(bool ordered);
+    void closeEvent(QCloseEvent* event);
+    void keyPressEvent(QKeyEvent* event);
+    void updateProgressbar(const double& seconds);
+    void showTrackingStatus();
+    void addMeasuredPoint();
+    void setTrafoText(const QString& text);
+    void resizeEvent(QResizeEvent* event);
+
+private:
+    enum
+    {
+        line_buffer_size = 10240
+    };
+
+    AbcMatchingDialog(const AbcMatchingDialog&);
+    AbcMatchingDialog& operator=(const AbcMatchingDialog&);
+
+    // Opening.
+    bool isMeaToolAvailable();
+    void showAvailability();
+    void update_comboBox_meatool();
+    void addCalibratedTool(int tool);
+
+    // Tables and what may be pressed.
+    void setup_tableWidget_referencePoints();
+    void setup_tableWidget_measuredPoints();
+    void addPoint_tableWidget_referencePoints(const bsVector& point);
+    void addPoint_tableWidget_measuredPoints(const bsVector& point);
+    void setPoint_tableWidget_measuredPoints(const bsVector& point);
+    void updateRefPointsVector();
+    void replaceReferencePoints(const std::vector<bsVector>& points);
+    bool confirmRemoval(int row);
+    void enable_disable_pushButton_save();
+    void enableDisableRemoveRefPoint();
+    void enableDisableRemoveMeaPoint();
+    void enableDisableClearMeaPoints();
+    void enableApply(bool enable);
+
+    // Data path.
+    void takeSample(const double* location);
+    void finishMeasurement();
+    void judgeMeasurement();
+
+    Ui_AbcMatchingDialogClass ui;
+    IOManager* io_manager;
+    BackendVersions* backend_versions;
+    QWidget* parent_widget;
+    std::atomic<int> meatool_count;
+    bool meatool_available;
+    std::atomic<double> measurement_duration; ///< seconds
+    std::atomic<int> meatool_id;              ///< counted from 1; -1 is none
+    std::atomic<bool> meatool_tracked;
+    QTimer status_timer;
+    char* line_buffer;
+    ZetrakParser* parser;
+    std::vector<Pos3dTime> samples;
+    std::atomic<double> mean_position[3];
+    bool dialog_live;
+    std::atomic<double> max_deviation; ///< mm
+    double elapsed_time;               ///< seconds
+    int meatool_combo_index;
+    bsMatrix transformation;
+    std::vector<bsVector> reference_points;
+    std::vector<bsVector> measured_points;
+    std::vector<bsVector> transformed_points;
+};
+
+#endif
