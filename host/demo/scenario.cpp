@@ -25,7 +25,9 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
@@ -35,12 +37,12 @@ constexpr int coarse_tab = 0;
 constexpr int fine_tab = 1;
 
 // The noise lets the fit work without going beyond the tolerance of a tool.
-constexpr double noise = 0.2;            // mm, standard deviation per axis
-constexpr double frame_rate = 60.0;      // Hz
-constexpr int settle_time = 250;         // ms, until the view has caught up with what was done
-constexpr int hold_time = 50;            // ms, for which a button is pressed
-constexpr int measurement_limit = 20000; // ms
-constexpr std::size_t most_points = 6;   // all orders of the points are tried
+constexpr double noise = 0.2;       // mm, standard deviation per axis
+constexpr double frame_rate = 60.0; // Hz
+constexpr int settle_time = 250;    // ms, until the view has caught up with what was done
+constexpr std::chrono::milliseconds hold_time(50); // for which a button is pressed
+constexpr int measurement_limit = 20000;           // ms
+constexpr std::size_t most_points = 6;             // all orders of the points are tried
 constexpr std::size_t fewest_points = 4;
 constexpr int start_ways = 4;
 constexpr int typed_points = 2; // the others come from a file
@@ -312,17 +314,28 @@ void Scenario::planMeasurement(int number, int point)
 
 void Scenario::planStart(int way)
 {
-    static const std::array<const char*, 2> buttons = {"tool 1", "stick 0"};
-    if (way == 0) {
+    switch (way) {
+    case 0:
         stepper.act("press the measure button", [] { click(matching, "w_measureButton"); });
-    } else if (way == start_ways - 1) {
+        break;
+    case 1:
+        stepper.act("press a button of the tool", [this] { pressForAMoment("tool 1"); });
+        break;
+    case 2:
+        stepper.act("press a button of the Wandstick", [this] { pressForAMoment("stick 0"); });
+        break;
+    default:
         stepper.act("let the tool start by itself", [this] { person.act("measure"); });
-    } else {
-        const QByteArray button = buttons[static_cast<std::size_t>(way - 1)];
-        stepper.act("press a button in the hand", [=] { person.act("press " + button); });
-        stepper.pause(hold_time);
-        stepper.act("release the button", [=] { person.act("release " + button); });
     }
+}
+
+// A held button asks for a measurement with every data line. The hand lets go on time, even where
+// a slow controller keeps the event loop busy with these.
+void Scenario::pressForAMoment(const QByteArray& button)
+{
+    person.act("press " + button);
+    std::this_thread::sleep_for(hold_time);
+    person.act("release " + button);
 }
 
 bool Scenario::isMeasured(int rows)
@@ -406,7 +419,9 @@ void Scenario::takePicture(const QString& name)
                              .arg(folder)
                              .arg(++pictures, 2, 10, QLatin1Char('0'))
                              .arg(name);
-    const QPixmap screen = QApplication::primaryScreen()->grabWindow(0);
+    const QRect area = driver::occupied_area();
+    const QPixmap screen = QApplication::primaryScreen()->grabWindow(0, area.x(), area.y(),
+                                                                     area.width(), area.height());
     if (!QDir().mkpath(folder) || !screen.save(file))
         throw DemoFailure(QStringLiteral("%1 cannot be written").arg(file));
 }

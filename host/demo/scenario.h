@@ -4,6 +4,7 @@
 
 #include "host/demo/deviation.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -41,6 +42,7 @@ private:
     void planEnd();
 
     void prepareSimulator();
+    void pressForAMoment(const QByteArray& button);
     QString pointFile() const;
     void writePoints();
     bool referenceTableHoldsPoints() const;

@@ -17,6 +17,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -104,6 +105,15 @@ QWidget& window(const QString& object_name)
     if (!widget)
         throw DemoFailure(QStringLiteral("there is no window %1").arg(object_name));
     return *widget;
+}
+
+QRect occupied_area()
+{
+    QRect area;
+    for (const QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->isVisible())
+            area |= widget->frameGeometry();
+    return area & QApplication::primaryScreen()->geometry();
 }
 
 QWidget& find_by_class(const QString& window_name, const char* class_name)

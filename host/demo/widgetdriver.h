@@ -5,6 +5,7 @@
 #include "host/demo/failure.h"
 
 #include <QPoint>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
@@ -34,6 +35,9 @@ T& find(const QString& window_name, const QString& object_name)
         throw DemoFailure(QStringLiteral("%1 has no %2").arg(window_name, object_name));
     return *widget;
 }
+
+/// The part of the screen that the application's windows cover.
+QRect occupied_area();
 
 /// The first descendant whose class has this name.
 QWidget& find_by_class(const QString& window_name, const char* class_name);
