@@ -179,9 +179,11 @@ private slots:
             QVERIFY(pose.getColumn(1) == bsVector(-1, 0, 0));
             QVERIFY(bsVector(dialog->getTranslation() - bsVector(1000, -500, 700)).x < 1e-6);
             QVERIFY(dialog->getOrientation().getColumn(3) == bsVector(0, 0, 0));
-            QSignalSpy applied(dialog.get(), SIGNAL(applyTrafoRequest(bsMatrix)));
+            int applied = 0;
+            connect(dialog.get(), &AbcMatchingDialog::applyTrafoRequest,
+                    [&applied](const bsMatrix&) { ++applied; });
             child<QPushButton>("w_applyButton")->click();
-            QCOMPARE(applied.count(), 1);
+            QCOMPARE(applied, 1);
             QVERIFY(!dialog->isVisible());
         });
     }
