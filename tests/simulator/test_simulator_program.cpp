@@ -9,7 +9,8 @@
 #include <QtTest>
 #include <memory>
 
-namespace {
+namespace
+{
 
 constexpr int patience = 10000; ///< ms
 
@@ -149,8 +150,8 @@ void TestSimulatorProgram::requests_are_answered_in_order()
     RunningSimulator s;
     QByteArray burst;
     for (int i = 0; i < 500; ++i)
-        burst += "set tracking extra_scaling 1." + QByteArray::number(1000 + i) +
-                 "\nget tracking extra_scaling\n";
+        burst += "set tracking extra_scaling 1." + QByteArray::number(1000 + i)
+                 + "\nget tracking extra_scaling\n";
     s.socket.write(burst);
     for (int i = 0; i < 500; ++i) {
         QCOMPARE(s.read_line(s.socket), QByteArray("ok"));
@@ -217,8 +218,8 @@ void TestSimulatorProgram::hostile_clients_do_not_harm_others()
     s.connect_to(endless);
     endless.write(QByteArray(1 << 20, 'a'));
     QCOMPARE(s.read_line(endless), QByteArray("error line too long"));
-    QVERIFY(endless.state() == QAbstractSocket::UnconnectedState ||
-            endless.waitForDisconnected(patience));
+    QVERIFY(endless.state() == QAbstractSocket::UnconnectedState
+            || endless.waitForDisconnected(patience));
 
     std::vector<std::unique_ptr<QTcpSocket>> crowd;
     for (int i = 0; i < 20; ++i) {
