@@ -2,6 +2,8 @@
 #ifndef TESTS_SUPPORT_DIALOG_DRIVER_H
 #define TESTS_SUPPORT_DIALOG_DRIVER_H
 
+#include <QtCore/QList>
+#include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
@@ -11,11 +13,21 @@
 
 #include <functional>
 
+/// The steps that still wait for their dialog. They refer to the locals of the test that set them,
+/// so none may outlive it.
+inline QList<QPointer<QTimer>>& pending_steps()
+{
+    static QList<QPointer<QTimer>> steps;
+    return steps;
+}
+
 /// Runs `step` as soon as a widget of type T is the active modal one and visible.
 template <typename T>
-void when_open(std::function<void(T*)> step)
+QTimer* when_open(std::function<void(T*)> step)
 {
     QTimer* timer = new QTimer(qApp);
+    pending_steps().removeAll(QPointer<QTimer>());
+    pending_steps().append(timer);
     QObject::connect(timer, &QTimer::timeout, [timer, step] {
         T* open = qobject_cast<T*>(QApplication::activeModalWidget());
         if (!open || !open->isVisible())
@@ -25,6 +37,7 @@ void when_open(std::function<void(T*)> step)
         step(open);
     });
     timer->start(1);
+    return timer;
 }
 
 /// Answers the next message box with `button` and keeps its words.
@@ -34,10 +47,11 @@ struct BoxAnswer
     QString text;
     int default_button = 0;
     bool seen = false;
+    QPointer<QTimer> waiting;
 
     explicit BoxAnswer(QMessageBox::StandardButton button)
     {
-        when_open<QMessageBox>([this, button](QMessageBox* box) {
+        waiting = when_open<QMessageBox>([this, button](QMessageBox* box) {
             title = box->windowTitle();
             text = box->text();
             default_button = box->standardButton(box->defaultButton());
@@ -45,11 +59,19 @@ struct BoxAnswer
             box->button(button)->click();
         });
     }
+
+    ~BoxAnswer() { delete waiting; }
+
+    BoxAnswer(const BoxAnswer&) = delete;
+    BoxAnswer& operator=(const BoxAnswer&) = delete;
 };
 
 /// Closes whatever is still open, so that a failed step cannot hang the test.
 inline void close_all_dialogs()
 {
+    for (const QPointer<QTimer>& step : pending_steps())
+        delete step;
+    pending_steps().clear();
     while (QWidget* open = QApplication::activeModalWidget()) {
         if (QDialog* dialog = qobject_cast<QDialog*>(open))
             dialog->done(0);
