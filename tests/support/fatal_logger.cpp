@@ -7,6 +7,10 @@
 #include <cstdio>
 #include <cstdlib>
 
+#ifdef __SANITIZE_ADDRESS__
+void keep_libraries();
+#endif
+
 namespace
 {
 
@@ -52,6 +56,9 @@ void install_fatal_logger()
     if (installed)
         return;
     installed = true;
+#ifdef __SANITIZE_ADDRESS__
+    keep_libraries();
+#endif
     previous_handler = qInstallMessageHandler(handle_message);
 }
 
