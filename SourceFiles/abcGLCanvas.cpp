@@ -4,30 +4,18 @@
 
 #include <GL/glu.h>
 
-namespace {
+namespace
+{
 
 const double start_distance = 300.0; // mm
 
 } // namespace
 
 AbcGLCanvas::AbcGLCanvas(QWidget* parent, AbcMatchingDialog* matching_dialog_)
-    : QGLWidget(parent),
-      room(nullptr),
-      matching_dialog(matching_dialog_),
-      use_tip(false),
-      tip_seen(false),
-      tip_matrix(bsMatrix::getIdentityMatrix()),
-      tip_list(0),
-      view_mode(abcViewNone),
-      tip_enabled(false),
-      last_x(0),
-      last_y(0),
-      field_of_view(45.0),
-      near_plane(1.0),
-      far_plane(100000.0),
-      view_width(0),
-      view_height(0),
-      menu(nullptr)
+    : QGLWidget(parent), room(nullptr), matching_dialog(matching_dialog_), use_tip(false),
+      tip_seen(false), tip_matrix(bsMatrix::getIdentityMatrix()), tip_list(0),
+      view_mode(abcViewNone), tip_enabled(false), last_x(0), last_y(0), field_of_view(45.0),
+      near_plane(1.0), far_plane(100000.0), view_width(0), view_height(0), menu(nullptr)
 {
     room.setParent(this);
     setFocusPolicy(Qt::StrongFocus);
@@ -64,30 +52,15 @@ void AbcGLCanvas::setRoomScaleFactor(double factor)
     updateGL();
 }
 
-double AbcGLCanvas::getRoomScaleFactor()
-{
-    return room.getScaleFactor();
-}
+double AbcGLCanvas::getRoomScaleFactor() { return room.getScaleFactor(); }
 
-bool AbcGLCanvas::isRoomLoaded()
-{
-    return room.loaded;
-}
+bool AbcGLCanvas::isRoomLoaded() { return room.loaded; }
 
-bool AbcGLCanvas::isRoomModified()
-{
-    return room.modified;
-}
+bool AbcGLCanvas::isRoomModified() { return room.modified; }
 
-const bsMatrix& AbcGLCanvas::getRoomTransformation()
-{
-    return room.getCumulatedTransformation();
-}
+const bsMatrix& AbcGLCanvas::getRoomTransformation() { return room.getCumulatedTransformation(); }
 
-void AbcGLCanvas::set_menu(QMenu* menu_)
-{
-    menu = menu_;
-}
+void AbcGLCanvas::set_menu(QMenu* menu_) { menu = menu_; }
 
 void AbcGLCanvas::showLongAxes(bool showLongAxes)
 {
@@ -191,15 +164,9 @@ void AbcGLCanvas::saveCurrentRoom()
     updateGL();
 }
 
-void AbcGLCanvas::undoRoom()
-{
-    moveByStore(&abcRoom::undo);
-}
+void AbcGLCanvas::undoRoom() { moveByStore(&abcRoom::undo); }
 
-void AbcGLCanvas::redoRoom()
-{
-    moveByStore(&abcRoom::redo);
-}
+void AbcGLCanvas::redoRoom() { moveByStore(&abcRoom::redo); }
 
 void AbcGLCanvas::initializeGL()
 {

@@ -5,7 +5,8 @@
 
 #include <GL/glu.h>
 
-namespace {
+namespace
+{
 
 const double label_offset = -10.0; // these two are multiples of the room's scale factor
 const double point_radius = 2.0;
@@ -33,30 +34,15 @@ void drawTipCylinder(GLUquadric* quadric, double base, double top, double height
 
 } // namespace
 
-void AbcGLCanvas::setUseTip(bool use)
-{
-    use_tip = use;
-}
+void AbcGLCanvas::setUseTip(bool use) { use_tip = use; }
 
-void AbcGLCanvas::setTipSeen(bool seen)
-{
-    tip_seen = seen;
-}
+void AbcGLCanvas::setTipSeen(bool seen) { tip_seen = seen; }
 
-void AbcGLCanvas::setTipPos(const bsVector& position)
-{
-    tip_position = position;
-}
+void AbcGLCanvas::setTipPos(const bsVector& position) { tip_position = position; }
 
-void AbcGLCanvas::setTipMatrix(const bsMatrix& matrix)
-{
-    tip_matrix = matrix;
-}
+void AbcGLCanvas::setTipMatrix(const bsMatrix& matrix) { tip_matrix = matrix; }
 
-bool AbcGLCanvas::checkSetParallelAxes()
-{
-    return false;
-}
+bool AbcGLCanvas::checkSetParallelAxes() { return false; }
 
 void AbcGLCanvas::drawPoints()
 {

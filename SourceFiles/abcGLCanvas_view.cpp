@@ -8,7 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+namespace
+{
 
 const double least_distance = 900.0; // mm
 const double margin_around_room = 1.1;
@@ -27,33 +28,21 @@ int wheelDelta(const QWheelEvent* event)
 #endif
 }
 
-double lengthOf(const bsVector& v)
-{
-    return std::sqrt(bsVector::dotProduct(v, v));
-}
+double lengthOf(const bsVector& v) { return std::sqrt(bsVector::dotProduct(v, v)); }
 
 } // namespace
 
 bsQuaternion AbcGLCanvas::quaternionFromAngles(double x, double y, double z)
 {
-    return bsQuaternion(x, bsVector(1, 0, 0)) * bsQuaternion(y, bsVector(0, 1, 0)) *
-           bsQuaternion(z, bsVector(0, 0, 1));
+    return bsQuaternion(x, bsVector(1, 0, 0)) * bsQuaternion(y, bsVector(0, 1, 0))
+           * bsQuaternion(z, bsVector(0, 0, 1));
 }
 
-const bsVector& AbcGLCanvas::getViewPosition()
-{
-    return view.position;
-}
+const bsVector& AbcGLCanvas::getViewPosition() { return view.position; }
 
-void AbcGLCanvas::setViewMode(abcViewMode mode)
-{
-    view_mode = mode;
-}
+void AbcGLCanvas::setViewMode(abcViewMode mode) { view_mode = mode; }
 
-void AbcGLCanvas::saveCurrentView()
-{
-    saved_view = view;
-}
+void AbcGLCanvas::saveCurrentView() { saved_view = view; }
 
 void AbcGLCanvas::rotateView(double x, double y, double z)
 {

@@ -6,7 +6,8 @@
 #include <QFont>
 #include <QGLWidget>
 
-namespace {
+namespace
+{
 
 const double transformed_axis_length = 30.0; // these sizes are multiples of the scale factor
 const double origin_axis_length = 25.0;
@@ -29,23 +30,11 @@ void drawFrameAxes(double length, double size, bool long_axes, double factor, do
 } // namespace
 
 abcRoom::abcRoom(QGLWidget* parent)
-    : QObject(parent),
-      loaded_inverse(bsMatrix::getIdentityMatrix()),
-      cumulated(bsMatrix::getIdentityMatrix()),
-      last_stored(bsMatrix::getIdentityMatrix()),
-      undo_limit(0),
-      modified(false),
-      loaded(false),
-      scale_factor(5.0),
-      long_axes(false),
-      long_axes_factor(10.0),
-      xy_grid_on(false),
-      yz_grid_on(false),
-      xz_grid_on(false),
-      grid_size(5000.0),
-      grid_step(100.0),
-      xy_grid_color(255, 255, 0),
-      yz_grid_color(0, 255, 255),
+    : QObject(parent), loaded_inverse(bsMatrix::getIdentityMatrix()),
+      cumulated(bsMatrix::getIdentityMatrix()), last_stored(bsMatrix::getIdentityMatrix()),
+      undo_limit(0), modified(false), loaded(false), scale_factor(5.0), long_axes(false),
+      long_axes_factor(10.0), xy_grid_on(false), yz_grid_on(false), xz_grid_on(false),
+      grid_size(5000.0), grid_step(100.0), xy_grid_color(255, 255, 0), yz_grid_color(0, 255, 255),
       xz_grid_color(255, 0, 255)
 {
     initialize();
@@ -104,15 +93,9 @@ bool abcRoom::store()
     return true;
 }
 
-void abcRoom::undo()
-{
-    restoreLast(undo_list, redo_list);
-}
+void abcRoom::undo() { restoreLast(undo_list, redo_list); }
 
-void abcRoom::redo()
-{
-    restoreLast(redo_list, undo_list);
-}
+void abcRoom::redo() { restoreLast(redo_list, undo_list); }
 
 void abcRoom::setLoaded(bool value)
 {

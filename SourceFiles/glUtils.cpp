@@ -7,7 +7,8 @@
 
 #include <cmath>
 
-namespace {
+namespace
+{
 
 // The assertion of computeFrame is known by this place and name, wherever it stands by now.
 const int assertion_line = 205;
@@ -21,10 +22,7 @@ const double rotation_axis_half_length = 500.0; // mm
 const int slices = 16;
 const int stacks = 1;
 
-bool isNextAxis(abcAxis axis, abcAxis next)
-{
-    return next == (axis + 1) % 3;
-}
+bool isNextAxis(abcAxis axis, abcAxis next) { return next == (axis + 1) % 3; }
 
 void drawQuad(const bsVector& normal, const bsVector& a, const bsVector& b, const bsVector& c,
               const bsVector& d)
@@ -52,10 +50,7 @@ void drawColoredLine(const bsVector& color, const bsVector& end)
 }
 
 // Whole mm. The way over the step rounds as the lines do that are placed by it.
-double gridExtent(double half_size, double step)
-{
-    return std::trunc(half_size) / step * step;
-}
+double gridExtent(double half_size, double step) { return std::trunc(half_size) / step * step; }
 
 bool canBeDrawn(double extent, double step)
 {

@@ -6,7 +6,8 @@
 
 #include <benchmark/benchmark.h>
 
-namespace {
+namespace
+{
 
 // What the view gets in the dialog at its first size.
 const QSize canvas_size(700, 550);

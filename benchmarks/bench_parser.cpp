@@ -15,7 +15,8 @@
 #include <string>
 #include <vector>
 
-namespace {
+namespace
+{
 
 class LineWriter
 {
@@ -109,8 +110,8 @@ double seconds(Work work)
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < repetitions; ++i)
         work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() /
-           repetitions;
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count()
+           / repetitions;
 }
 
 void parse_line(benchmark::State& state, std::string line)

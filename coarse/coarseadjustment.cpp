@@ -12,7 +12,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+namespace
+{
 
 const int quarter_turn = 90; // degrees
 
@@ -46,16 +47,9 @@ void set_clickable(QHeaderView* header, bool clickable)
 
 CoarseAdjustment::CoarseAdjustment(IOManager* io_manager, BackendVersions* backend_versions,
                                    RoomAdjustmentData* ra_data, QWidget* parent)
-    : QWidget(parent),
-      io_manager(io_manager),
-      backend_versions(backend_versions),
-      dialog(parent),
-      model(0),
-      roomcal_coord_type(calibration_normal),
-      calculator(0),
-      render_area(0),
-      ra_data(ra_data),
-      update_enabled(false)
+    : QWidget(parent), io_manager(io_manager), backend_versions(backend_versions), dialog(parent),
+      model(0), roomcal_coord_type(calibration_normal), calculator(0), render_area(0),
+      ra_data(ra_data), update_enabled(false)
 {
     ui.setupUi(this);
     setupTableView();
@@ -66,10 +60,7 @@ CoarseAdjustment::CoarseAdjustment(IOManager* io_manager, BackendVersions* backe
     ui.stackedWidget->setCurrentWidget(render_area);
 }
 
-CoarseAdjustment::~CoarseAdjustment()
-{
-    delete calculator;
-}
+CoarseAdjustment::~CoarseAdjustment() { delete calculator; }
 
 void CoarseAdjustment::setModel(QStandardItemModel* model)
 {
@@ -94,10 +85,7 @@ void CoarseAdjustment::updateTableViewColumnWidth()
         ui.tableView->setColumnWidth(column, ui.tableView->width() / column_count - 1);
 }
 
-void CoarseAdjustment::resizeEvent(QResizeEvent*)
-{
-    updateTableViewColumnWidth();
-}
+void CoarseAdjustment::resizeEvent(QResizeEvent*) { updateTableViewColumnWidth(); }
 
 bool CoarseAdjustment::ask_coord_type(char* reply, const char* query)
 {
@@ -126,8 +114,8 @@ int CoarseAdjustment::get_roomcal_coord_type()
     if (!ask_coord_type(reply, knows_last ? vocabulary::last_coordinate_type
                                           : vocabulary::coordinate_type))
         return -1;
-    if (qstrcmp(reply, vocabulary::reply_none) == 0 &&
-        !ask_coord_type(reply, vocabulary::coordinate_type))
+    if (qstrcmp(reply, vocabulary::reply_none) == 0
+        && !ask_coord_type(reply, vocabulary::coordinate_type))
         return -1;
     for (const auto& known : types)
         if (qstrcmp(reply, known.word) == 0)
@@ -171,15 +159,9 @@ void CoarseAdjustment::enable_two_combobox(bool enabled)
     ui.comboBox_right->setEnabled(enabled);
 }
 
-void CoarseAdjustment::update_comboBox_top()
-{
-    refill_with_axes(ui.comboBox_top);
-}
+void CoarseAdjustment::update_comboBox_top() { refill_with_axes(ui.comboBox_top); }
 
-void CoarseAdjustment::update_comboBox_right()
-{
-    refill_with_axes(ui.comboBox_right);
-}
+void CoarseAdjustment::update_comboBox_right() { refill_with_axes(ui.comboBox_right); }
 
 // Rounded up and never down, so that what lies just below a multiple of 90 counts as one.
 void CoarseAdjustment::get_whole_angles(int angles[3])
@@ -195,8 +177,8 @@ bool CoarseAdjustment::check_coarse_valid()
 {
     int angles[3];
     get_whole_angles(angles);
-    return angles[0] % quarter_turn == 0 && angles[1] % quarter_turn == 0 &&
-           angles[2] % quarter_turn == 0;
+    return angles[0] % quarter_turn == 0 && angles[1] % quarter_turn == 0
+           && angles[2] % quarter_turn == 0;
 }
 
 void CoarseAdjustment::update_from_data()

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 struct Possibility
 {
@@ -98,17 +99,14 @@ void CoordinateCalculator::init_angle_for_possibility_table(int type)
     }
 }
 
-CoordinateAxix CoordinateCalculator::get_standard_axis()
-{
-    return standard_axis;
-}
+CoordinateAxix CoordinateCalculator::get_standard_axis() { return standard_axis; }
 
 void CoordinateCalculator::get_angle_from_coord_desc(CoordinateAxix axis, int& rx, int& ry, int& rz)
 {
     for (int row = 0; row < possibility_count; ++row) {
         const int* candidate = possibility_table[row];
-        if (candidate[right_column] == axis.right && candidate[up_column] == axis.up &&
-            candidate[out_column] == axis.out) {
+        if (candidate[right_column] == axis.right && candidate[up_column] == axis.up
+            && candidate[out_column] == axis.out) {
             rx = angle_table[row][0];
             ry = angle_table[row][1];
             rz = angle_table[row][2];

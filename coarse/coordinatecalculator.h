@@ -17,21 +17,12 @@ enum CalibrationType
 /// Axis codes 0 to 5 stand for "x", "-x", "y", "-y", "z", "-z".
 const int axis_code_count = 6;
 
-inline bool is_axis_code(int code)
-{
-    return code >= 0 && code < axis_code_count;
-}
+inline bool is_axis_code(int code) { return code >= 0 && code < axis_code_count; }
 
-inline bool is_positive_axis(int code)
-{
-    return is_axis_code(code) && code % 2 == 0;
-}
+inline bool is_positive_axis(int code) { return is_axis_code(code) && code % 2 == 0; }
 
 /// The same axis with the other sign; `code` must be an axis code.
-inline int opposite_axis(int code)
-{
-    return code ^ 1;
-}
+inline int opposite_axis(int code) { return code ^ 1; }
 
 /// The axis code that points to each room direction, as seen in the sketch. Legal if opposite
 /// directions hold opposite axes and right, up, out are right-handed in this order.

@@ -5,7 +5,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 const char* picture_of(int coord_type)
 {
@@ -74,10 +75,7 @@ void RenderArea::set_coord_type(int type)
     pixmap.load(QLatin1String(picture_of(type)));
 }
 
-void RenderArea::set_current_axis(CoordinateAxix axis)
-{
-    current_axis = axis;
-}
+void RenderArea::set_current_axis(CoordinateAxix axis) { current_axis = axis; }
 
 void RenderArea::adjust_axis_color_and_style(QPainter& painter, int axis_code)
 {

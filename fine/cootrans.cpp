@@ -10,7 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+namespace
+{
 
 const double wide_scaling_minimum = 0.1;
 const double wide_scaling_maximum = 2.0;
@@ -22,18 +23,10 @@ const double equality_digits = 100000.0;
 
 CooTrans::CooTrans(IOManager* io_manager, BackendVersions* backend_versions,
                    RoomAdjustmentData* ra_data, QWidget* dialog, QWidget* matching_parent)
-    : QWidget(dialog),
-      io_manager(io_manager),
-      backend_versions(backend_versions),
-      dialog(qobject_cast<RoomAdjustmentDlg2g*>(dialog)),
-      gl_canvas(nullptr),
-      ra_data(ra_data),
-      matching_dialog(nullptr),
-      long_axes_shown(false),
-      xy_grid_shown(false),
-      yz_grid_shown(false),
-      xz_grid_shown(false),
-      update_enabled(false)
+    : QWidget(dialog), io_manager(io_manager), backend_versions(backend_versions),
+      dialog(qobject_cast<RoomAdjustmentDlg2g*>(dialog)), gl_canvas(nullptr), ra_data(ra_data),
+      matching_dialog(nullptr), long_axes_shown(false), xy_grid_shown(false), yz_grid_shown(false),
+      xz_grid_shown(false), update_enabled(false)
 {
     const RoomAdjustmentData defaults;
     std::copy(defaults.translation, defaults.translation + 3, old_translation);
@@ -103,10 +96,7 @@ void CooTrans::update_widgets_from_data()
     ui.doubleSpinBox_scalingFactor->setValue(ra_data->scaling);
 }
 
-void CooTrans::beautifyRotMatrix(double* m)
-{
-    beautify_rotation(m);
-}
+void CooTrans::beautifyRotMatrix(double* m) { beautify_rotation(m); }
 
 /// The rotation that the angle boxes stand for, in the order of the record.
 void CooTrans::rotationFromControls(double* words)
@@ -128,15 +118,15 @@ void CooTrans::updateGlobalData()
 
 bool CooTrans::controlValuesEqualsGlobalData()
 {
-    if (!(ra_data->translation[0] == -ui.doubleSpinBox_x->value() &&
-          ra_data->translation[1] == -ui.doubleSpinBox_y->value() &&
-          ra_data->translation[2] == -ui.doubleSpinBox_z->value()))
+    if (!(ra_data->translation[0] == -ui.doubleSpinBox_x->value()
+          && ra_data->translation[1] == -ui.doubleSpinBox_y->value()
+          && ra_data->translation[2] == -ui.doubleSpinBox_z->value()))
         return false;
     double words[9];
     rotationFromControls(words);
     for (int i = 0; i < 9; ++i)
-        if (!(std::trunc(words[i] * equality_digits) ==
-              std::trunc(ra_data->rotation[i] * equality_digits)))
+        if (!(std::trunc(words[i] * equality_digits)
+              == std::trunc(ra_data->rotation[i] * equality_digits)))
             return false;
     return true;
 }
@@ -153,15 +143,9 @@ void CooTrans::save_actual_angles()
     getAngleValues(saved_angles[0], saved_angles[1], saved_angles[2]);
 }
 
-void CooTrans::reset_saved_pos()
-{
-    std::fill(saved_pos, saved_pos + 3, 0.0);
-}
+void CooTrans::reset_saved_pos() { std::fill(saved_pos, saved_pos + 3, 0.0); }
 
-void CooTrans::reset_saved_angles()
-{
-    std::fill(saved_angles, saved_angles + 3, 0.0);
-}
+void CooTrans::reset_saved_angles() { std::fill(saved_angles, saved_angles + 3, 0.0); }
 
 void CooTrans::translateRoom()
 {
@@ -233,10 +217,7 @@ void CooTrans::on_doubleSpinBox_scalingFactor_valueChanged(double)
         onEnableButtonApply();
 }
 
-void CooTrans::onEnableButtonApply()
-{
-    emit do_btn_apply_enable(true);
-}
+void CooTrans::onEnableButtonApply() { emit do_btn_apply_enable(true); }
 
 void CooTrans::on_btn_resetVector_clicked()
 {
@@ -258,10 +239,7 @@ void CooTrans::on_btn_resetAngles_clicked()
     onEnableButtonApply();
 }
 
-void CooTrans::on_btn_resetScaling_clicked()
-{
-    ui.doubleSpinBox_scalingFactor->setValue(1.0);
-}
+void CooTrans::on_btn_resetScaling_clicked() { ui.doubleSpinBox_scalingFactor->setValue(1.0); }
 
 void CooTrans::setControlsDefaultValues()
 {

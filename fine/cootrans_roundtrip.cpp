@@ -21,8 +21,8 @@ void CooTrans::on_w_bodyMatchingButton_clicked()
         const QString text = tr("You have unsaved data. Save changes?\n\n"
                                 "(If yes press 'Apply' and re-open matching)");
         if (QMessageBox::warning(this, tr("Room Adjustment"), text,
-                                 QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::No) == QMessageBox::Yes)
+                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+            == QMessageBox::Yes)
             return;
         gl_canvas->unloadRoom();
         loadRoom();
@@ -88,14 +88,15 @@ void CooTrans::saveOldExtraTrafoAndSet2Default()
 
 void CooTrans::restoreOldExtraTrafo()
 {
-    if (oldTrafoIsDefault() || !passes(*backend_versions, version_gate::extra_transformation) ||
-        !dialog)
+    if (oldTrafoIsDefault() || !passes(*backend_versions, version_gate::extra_transformation)
+        || !dialog)
         return;
     dialog->stop_tracking();
     const double* r = old_rotation;
     const double* t = old_translation;
     if (io_manager->set_param_value(vocabulary::set_extra_rotation, r[0], r[1], r[2], r[3], r[4],
-                                    r[5], r[6], r[7], r[8]) != 0)
+                                    r[5], r[6], r[7], r[8])
+        != 0)
         show_error(io_manager, vocabulary::cannot_restore_rotation);
     if (io_manager->set_param_value(vocabulary::set_extra_translation, t[0], t[1], t[2]) != 0)
         show_error(io_manager, vocabulary::cannot_restore_translation);

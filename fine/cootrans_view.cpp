@@ -8,7 +8,8 @@
 #include <QAction>
 #include <QMenu>
 
-namespace {
+namespace
+{
 
 const double view_position_limit = 999.99;
 const double reference_distance = 300.0; // mm; the view distance at a scale factor of 1
@@ -185,10 +186,7 @@ void CooTrans::resetView()
     gl_canvas->setViewPosition(bsVector(0.0, 0.0, -reference_distance * getRoomScaleFactor()));
 }
 
-double CooTrans::getRoomScaleFactor()
-{
-    return gl_canvas->getRoomScaleFactor();
-}
+double CooTrans::getRoomScaleFactor() { return gl_canvas->getRoomScaleFactor(); }
 
 void CooTrans::setRoomScaleFactor(double factor)
 {

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+namespace
+{
 
 /// The exact value that `word` is close to; false if it is close to none.
 bool nearest_exact(double word, double& exact)
@@ -82,7 +83,7 @@ void transpose_rotation(double* words)
 bool is_default_transformation(const double* translation, const double* rotation, double scaling)
 {
     const double* r = rotation;
-    return translation[0] + translation[1] + translation[2] == 0.0 &&
-           r[1] + r[2] + r[3] + r[5] + r[6] + r[7] == 0.0 && r[0] + r[4] + r[8] == 3.0 &&
-           scaling == 1.0;
+    return translation[0] + translation[1] + translation[2] == 0.0
+           && r[1] + r[2] + r[3] + r[5] + r[6] + r[7] == 0.0 && r[0] + r[4] + r[8] == 3.0
+           && scaling == 1.0;
 }

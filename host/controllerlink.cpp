@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 constexpr int short_limit = 250;         // ms, while the controller is distrusted
 constexpr int distrust_time = 5000;      // ms

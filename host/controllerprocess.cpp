@@ -2,7 +2,8 @@
 
 #include <QDeadlineTimer>
 
-namespace {
+namespace
+{
 
 constexpr int start_limit = 10000; // ms
 constexpr int end_limit = 2000;    // ms
@@ -20,10 +21,7 @@ ControllerProcess::ControllerProcess(QObject* parent) : QProcess(parent)
             &ControllerProcess::noticeEnd);
 }
 
-ControllerProcess::~ControllerProcess()
-{
-    end();
-}
+ControllerProcess::~ControllerProcess() { end(); }
 
 bool ControllerProcess::launch(const QString& program, const QStringList& arguments)
 {

@@ -7,7 +7,8 @@
 #include <future>
 #include <utility>
 
-namespace {
+namespace
+{
 
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
@@ -35,10 +36,7 @@ QList<QByteArray> complete_lines(const QByteArray& datagram, int* torn)
 
 DataReceiver::DataReceiver(Subscriptions& subscriptions) : subscriptions(subscriptions) {}
 
-DataReceiver::~DataReceiver()
-{
-    stop();
-}
+DataReceiver::~DataReceiver() { stop(); }
 
 void DataReceiver::record(std::unique_ptr<Recorder> new_recorder)
 {
@@ -76,10 +74,7 @@ void DataReceiver::stop()
         thread.join();
 }
 
-DataReceiver::Counters DataReceiver::counters() const
-{
-    return {frames, lines, torn_lines};
-}
+DataReceiver::Counters DataReceiver::counters() const { return {frames, lines, torn_lines}; }
 
 QStringList DataReceiver::takeReports()
 {
@@ -150,10 +145,7 @@ bool DataReceiver::waitUntil(Clock::time_point time)
     return stop_requested.wait_until(lock, time, [this] { return stopping; });
 }
 
-bool DataReceiver::pause(milliseconds time)
-{
-    return waitUntil(Clock::now() + time);
-}
+bool DataReceiver::pause(milliseconds time) { return waitUntil(Clock::now() + time); }
 
 void DataReceiver::report(const QString& text)
 {

@@ -11,7 +11,8 @@
 #include <locale.h>
 #include <utility>
 
-namespace {
+namespace
+{
 
 constexpr int succeeded = 0;
 constexpr int failed = -1;
@@ -188,15 +189,9 @@ int Gateway::unsubscribe_data(const char* line_type, Requester* requester)
     return subscriptions.unsubscribe(line_type, requester);
 }
 
-int Gateway::add_requester(Requester* requester)
-{
-    return subscriptions.add(requester);
-}
+int Gateway::add_requester(Requester* requester) { return subscriptions.add(requester); }
 
-int Gateway::remove_requester(Requester* requester)
-{
-    return subscriptions.remove(requester);
-}
+int Gateway::remove_requester(Requester* requester) { return subscriptions.remove(requester); }
 
 int Gateway::show_message(const char* category, const char* source, int level, const char* text)
 {

@@ -3,7 +3,8 @@
 #include <QPainter>
 #include <QPixmap>
 
-namespace {
+namespace
+{
 
 // Drawn on a square of this size, whatever the size of the icon.
 constexpr int canvas_size = 32;

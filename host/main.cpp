@@ -7,7 +7,8 @@
 #include <cstdio>
 #include <cstring>
 
-namespace {
+namespace
+{
 
 // Exit codes beside those of the demonstration.
 constexpr int wrong_arguments = 2;

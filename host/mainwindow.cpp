@@ -16,7 +16,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 constexpr int message_lines = 500;
 constexpr int traffic_lines = 2000;
@@ -116,15 +117,9 @@ void MainWindow::addExchange(const Exchange& exchange)
                                  .arg(exchange.milliseconds));
 }
 
-void MainWindow::setControllerText(const QString& text)
-{
-    controller_label->setText(text);
-}
+void MainWindow::setControllerText(const QString& text) { controller_label->setText(text); }
 
-void MainWindow::setDataText(const QString& text)
-{
-    data_label->setText(text);
-}
+void MainWindow::setDataText(const QString& text) { data_label->setText(text); }
 
 void MainWindow::setModeText(const QString& text)
 {

@@ -46,10 +46,7 @@ QString ModuleLoader::title() const
     return module->get_module_name() + QLatin1Char(' ') + module->get_module_version();
 }
 
-QList<_GuiElement*> ModuleLoader::elements()
-{
-    return module->get_gui_elements();
-}
+QList<_GuiElement*> ModuleLoader::elements() { return module->get_gui_elements(); }
 
 void ModuleLoader::aboutToExit()
 {

@@ -4,7 +4,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
-namespace {
+namespace
+{
 
 constexpr int default_demo_limit = 180; // s
 

@@ -2,7 +2,8 @@
 
 #include <cmath>
 
-namespace {
+namespace
+{
 
 const char title[] = "tracking data recording 1";
 constexpr int time_decimals = 6;
@@ -14,8 +15,8 @@ Recorder::Recorder(const QString& file_name) : file(file_name) {}
 bool Recorder::open()
 {
     const QByteArray first = QByteArray(title) + '\n';
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
-           file.write(first) == first.size() && file.flush();
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate)
+           && file.write(first) == first.size() && file.flush();
 }
 
 bool Recorder::write(double seconds, const QByteArray& line)

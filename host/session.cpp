@@ -6,7 +6,8 @@
 #include <array>
 #include <utility>
 
-namespace {
+namespace
+{
 
 constexpr int state_interval = 500; // ms
 const char own_category[] = "standard";
@@ -21,18 +22,14 @@ QString version_text(const BackendVersions& versions)
 } // namespace
 
 Session::Session(const Options& options)
-    : options(options),
-      receiver(std::make_unique<DataReceiver>(subscriptions)),
+    : options(options), receiver(std::make_unique<DataReceiver>(subscriptions)),
       window(std::make_unique<MainWindow>())
 {
     connect(&process, &ControllerProcess::lost, this, &Session::warn);
     connect(&state_timer, &QTimer::timeout, this, &Session::showState);
 }
 
-Session::~Session()
-{
-    shutDown();
-}
+Session::~Session() { shutDown(); }
 
 bool Session::start()
 {

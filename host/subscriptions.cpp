@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 using Lock = std::lock_guard<std::recursive_mutex>;
 

@@ -11,7 +11,8 @@
 
 using vocabulary::show_error;
 
-namespace {
+namespace
+{
 
 const int status_interval_ms = 200;
 const double default_duration = 1.0;  // seconds
@@ -30,21 +31,11 @@ void spread_columns(QTableWidget* table)
 
 AbcMatchingDialog::AbcMatchingDialog(IOManager* io_manager, BackendVersions* backend_versions,
                                      QWidget* parent)
-    : QDialog(parent),
-      io_manager(io_manager),
-      backend_versions(backend_versions),
-      parent_widget(parent),
-      meatool_count(0),
-      meatool_available(false),
-      measurement_duration(default_duration),
-      meatool_id(-1),
-      meatool_tracked(false),
-      line_buffer(nullptr),
-      parser(nullptr),
-      dialog_live(false),
-      max_deviation(default_deviation),
-      elapsed_time(0.0),
-      meatool_combo_index(0)
+    : QDialog(parent), io_manager(io_manager), backend_versions(backend_versions),
+      parent_widget(parent), meatool_count(0), meatool_available(false),
+      measurement_duration(default_duration), meatool_id(-1), meatool_tracked(false),
+      line_buffer(nullptr), parser(nullptr), dialog_live(false), max_deviation(default_deviation),
+      elapsed_time(0.0), meatool_combo_index(0)
 {
     for (std::atomic<double>& component : mean_position)
         component = 0.0;
@@ -172,15 +163,9 @@ void AbcMatchingDialog::on_pushButton_help_clicked()
     help.exec();
 }
 
-void AbcMatchingDialog::on_w_closeButton_clicked()
-{
-    close();
-}
+void AbcMatchingDialog::on_w_closeButton_clicked() { close(); }
 
-void AbcMatchingDialog::on_w_applyButton_clicked()
-{
-    apply();
-}
+void AbcMatchingDialog::on_w_applyButton_clicked() { apply(); }
 
 void AbcMatchingDialog::apply()
 {
@@ -188,10 +173,7 @@ void AbcMatchingDialog::apply()
     close();
 }
 
-void AbcMatchingDialog::onRPSelected(int)
-{
-    emit updateRequest();
-}
+void AbcMatchingDialog::onRPSelected(int) { emit updateRequest(); }
 
 void AbcMatchingDialog::keyPressEvent(QKeyEvent* event)
 {
@@ -222,20 +204,11 @@ void AbcMatchingDialog::enableDialog(bool enable)
     ui.w_removeButton->setEnabled(enable);
 }
 
-unsigned int AbcMatchingDialog::getRPCount() const
-{
-    return reference_points.size();
-}
+unsigned int AbcMatchingDialog::getRPCount() const { return reference_points.size(); }
 
-unsigned int AbcMatchingDialog::getMPCount() const
-{
-    return measured_points.size();
-}
+unsigned int AbcMatchingDialog::getMPCount() const { return measured_points.size(); }
 
-unsigned int AbcMatchingDialog::getTPCount() const
-{
-    return transformed_points.size();
-}
+unsigned int AbcMatchingDialog::getTPCount() const { return transformed_points.size(); }
 
 const bsVector& AbcMatchingDialog::getRP(unsigned int index) const
 {

@@ -4,7 +4,8 @@
 #include "matching/pairingreport.h"
 #include "matching/pointpairing.h"
 
-namespace {
+namespace
+{
 
 typedef const double (*PointRows)[3];
 
@@ -36,15 +37,9 @@ void AbcMatchingDialog::checkTrafo()
     emit updateRequest();
 }
 
-void AbcMatchingDialog::on_w_orderCheckBox_toggled(bool checked)
-{
-    onOrderToggled(checked);
-}
+void AbcMatchingDialog::on_w_orderCheckBox_toggled(bool checked) { onOrderToggled(checked); }
 
-void AbcMatchingDialog::onOrderToggled(bool)
-{
-    checkTrafo();
-}
+void AbcMatchingDialog::onOrderToggled(bool) { checkTrafo(); }
 
 void AbcMatchingDialog::setOrdered(bool ordered)
 {
@@ -52,25 +47,13 @@ void AbcMatchingDialog::setOrdered(bool ordered)
     checkTrafo();
 }
 
-bool AbcMatchingDialog::isOrdered() const
-{
-    return ui.w_orderCheckBox->isChecked();
-}
+bool AbcMatchingDialog::isOrdered() const { return ui.w_orderCheckBox->isChecked(); }
 
-bool AbcMatchingDialog::checkApplyTrafo() const
-{
-    return ui.w_applyButton->isEnabled();
-}
+bool AbcMatchingDialog::checkApplyTrafo() const { return ui.w_applyButton->isEnabled(); }
 
-const bsMatrix& AbcMatchingDialog::getTransformationMatrix() const
-{
-    return transformation;
-}
+const bsMatrix& AbcMatchingDialog::getTransformationMatrix() const { return transformation; }
 
-bsVector AbcMatchingDialog::getTranslation() const
-{
-    return transformation.getColumn(3);
-}
+bsVector AbcMatchingDialog::getTranslation() const { return transformation.getColumn(3); }
 
 bsMatrix AbcMatchingDialog::getOrientation() const
 {

@@ -10,7 +10,8 @@
 
 #include <fstream>
 
-namespace {
+namespace
+{
 
 /// Opens a file whose name is Latin-1 text, or failing that, in the file system's own encoding.
 void open_input(std::ifstream& stream, const QString& file_name)
@@ -24,10 +25,7 @@ void open_input(std::ifstream& stream, const QString& file_name)
 
 } // namespace
 
-void AbcMatchingDialog::on_w_loadButton_clicked()
-{
-    load();
-}
+void AbcMatchingDialog::on_w_loadButton_clicked() { load(); }
 
 void AbcMatchingDialog::load()
 {
@@ -74,12 +72,6 @@ void AbcMatchingDialog::on_pushButton_save_clicked()
     file.close();
 }
 
-void AbcMatchingDialog::addTxtExtension(QString& fileName)
-{
-    add_txt_extension(fileName);
-}
+void AbcMatchingDialog::addTxtExtension(QString& fileName) { add_txt_extension(fileName); }
 
-bool AbcMatchingDialog::adjustNumStrTo2Digits(QString& text)
-{
-    return repair_number(text);
-}
+bool AbcMatchingDialog::adjustNumStrTo2Digits(QString& text) { return repair_number(text); }

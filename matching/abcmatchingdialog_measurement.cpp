@@ -15,7 +15,8 @@
 using vocabulary::show_error;
 using namespace ZetrakSDK_Datatypes;
 
-namespace {
+namespace
+{
 
 const double default_duration = 1.0;  // seconds
 const double default_deviation = 1.5; // mm
@@ -218,7 +219,4 @@ void AbcMatchingDialog::updateProgressbar(const double& seconds)
     ui.progressBar->setValue(progress_steps(seconds));
 }
 
-void AbcMatchingDialog::setTrafoText(const QString& text)
-{
-    ui.w_trafoText->setPlainText(text);
-}
+void AbcMatchingDialog::setTrafoText(const QString& text) { ui.w_trafoText->setPlainText(text); }

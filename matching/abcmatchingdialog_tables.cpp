@@ -5,7 +5,8 @@
 
 #include <QMessageBox>
 
-namespace {
+namespace
+{
 
 const int row_height = 22;
 const int columns = 3;
@@ -20,10 +21,7 @@ void setup_table(QTableWidget* table, const QStringList& headers)
     table->setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
-QString cell_text(double value)
-{
-    return QString::number(value, 'f', 2);
-}
+QString cell_text(double value) { return QString::number(value, 'f', 2); }
 
 void append_row(QTableWidget* table, const bsVector& point)
 {
@@ -151,8 +149,8 @@ void AbcMatchingDialog::on_tableWidget_referencePoints_itemChanged(QTableWidgetI
 bool AbcMatchingDialog::confirmRemoval(int row)
 {
     return QMessageBox::warning(this, tr("Warning"), tr("Remove row %1?").arg(row + 1),
-                                QMessageBox::Yes | QMessageBox::No,
-                                QMessageBox::No) == QMessageBox::Yes;
+                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+           == QMessageBox::Yes;
 }
 
 void AbcMatchingDialog::on_pushButton_removeRefPoint_clicked()
@@ -202,10 +200,10 @@ void AbcMatchingDialog::remove()
 void AbcMatchingDialog::on_pushButton_clearMeaPoints_clicked()
 {
     QTableWidget* table = ui.tableWidget_measuredPoints;
-    if (table->rowCount() == 0 ||
-        QMessageBox::warning(this, tr("Warning"), tr("Remove all measured points?"),
-                             QMessageBox::Yes | QMessageBox::No,
-                             QMessageBox::No) != QMessageBox::Yes)
+    if (table->rowCount() == 0
+        || QMessageBox::warning(this, tr("Warning"), tr("Remove all measured points?"),
+                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+               != QMessageBox::Yes)
         return;
     table->clearContents();
     table->setRowCount(0);
@@ -249,7 +247,4 @@ void AbcMatchingDialog::enableDisableClearMeaPoints()
     ui.pushButton_clearMeaPoints->setEnabled(ui.tableWidget_measuredPoints->rowCount() > 0);
 }
 
-void AbcMatchingDialog::enableApply(bool enable)
-{
-    ui.w_applyButton->setEnabled(enable);
-}
+void AbcMatchingDialog::enableApply(bool enable) { ui.w_applyButton->setEnabled(enable); }

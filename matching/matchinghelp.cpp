@@ -2,7 +2,8 @@
 
 #include "ui_matchinghelp.h"
 
-namespace {
+namespace
+{
 
 const int initial_width = 900; // pixels; keeps the window lower than a 768 pixel screen
 
@@ -16,7 +17,4 @@ MatchingHelp::MatchingHelp(QWidget* parent) : QDialog(parent)
     resize(initial_width, qMax(minimumHeight(), layout()->totalHeightForWidth(initial_width)));
 }
 
-void MatchingHelp::on_pushButton_exit_clicked()
-{
-    close();
-}
+void MatchingHelp::on_pushButton_exit_clicked() { close(); }

@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <cstring>
 
-namespace {
+namespace
+{
 
 typedef double PointList[trafo3d_max_points][3];
 
@@ -17,8 +18,8 @@ bool fit_order(double (*target)[3], const double (*measured)[3], const int* orde
     for (int i = 0; i < n; ++i)
         std::memcpy(candidate[i], measured[order[i]], sizeof candidate[i]);
     double T_target_candidate[4][4];
-    return trafo3d_3trafo(T_target_candidate, target, candidate) == 0 &&
-           trafo3d_opttrafo(T_target_candidate, nullptr, target, candidate, n, residual) == 0;
+    return trafo3d_3trafo(T_target_candidate, target, candidate) == 0
+           && trafo3d_opttrafo(T_target_candidate, nullptr, target, candidate, n, residual) == 0;
 }
 
 } // namespace
@@ -37,8 +38,8 @@ bool find_best_order(const double (*reference)[3], const double (*measured)[3], 
     float best_residual = -1.0f; // single precision decides which of nearly equal orders wins
     do {
         double residual;
-        if (fit_order(target, measured, tried, n, &residual) &&
-            (!found || double(best_residual) > residual)) {
+        if (fit_order(target, measured, tried, n, &residual)
+            && (!found || double(best_residual) > residual)) {
             best_residual = float(residual);
             std::memcpy(order, tried, n * sizeof order[0]);
             found = true;

@@ -1,6 +1,7 @@
 #include "matching/pairingreport.h"
 
-namespace {
+namespace
+{
 
 QString point_line(const PairingResult& result, int i)
 {

@@ -8,7 +8,8 @@
 #include <cstring>
 #include <limits>
 
-namespace {
+namespace
+{
 
 const char* const keys[3] = {"Documentation_mPos[3][0]", "Documentation_mPos[3][1]",
                              "Documentation_mPos[3][2]"};

@@ -10,7 +10,8 @@
 #include <QMessageBox>
 #include <QStandardItemModel>
 
-namespace {
+namespace
+{
 
 const int coarse_index = 0;
 const int fine_index = 1;
@@ -21,17 +22,9 @@ const int working_minimum_width = 1000;
 
 RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager* io_manager, QWidget* parent,
                                          BackendVersions* backend_versions, QString)
-    : QDialog(parent),
-      io_manager(io_manager),
-      backend_versions(backend_versions),
-      parent_widget(parent),
-      model(nullptr),
-      coarse_tab(nullptr),
-      fine_tab(nullptr),
-      config_locked(false),
-      tabs_ready(false),
-      ok_pending(false),
-      subscribed(false)
+    : QDialog(parent), io_manager(io_manager), backend_versions(backend_versions),
+      parent_widget(parent), model(nullptr), coarse_tab(nullptr), fine_tab(nullptr),
+      config_locked(false), tabs_ready(false), ok_pending(false), subscribed(false)
 {
     ui.setupUi(this);
     lock_icon.addFile(QString::fromLatin1(":/lock.png"), QSize(), QIcon::Normal, QIcon::Off);
@@ -122,15 +115,9 @@ void RoomAdjustmentDlg2g::prepareTabs()
     coarse_tab->do_update();
 }
 
-void RoomAdjustmentDlg2g::onDataChanged(bool changed)
-{
-    ui.btn_apply->setEnabled(changed);
-}
+void RoomAdjustmentDlg2g::onDataChanged(bool changed) { ui.btn_apply->setEnabled(changed); }
 
-void RoomAdjustmentDlg2g::ondo_btn_apply_enable(bool enable)
-{
-    ui.btn_apply->setEnabled(enable);
-}
+void RoomAdjustmentDlg2g::ondo_btn_apply_enable(bool enable) { ui.btn_apply->setEnabled(enable); }
 
 void RoomAdjustmentDlg2g::on_btn_apply_clicked()
 {
@@ -157,10 +144,10 @@ void RoomAdjustmentDlg2g::on_btn_cancel_clicked()
     if (ui.tabWidget->isEnabled()) {
         const bool equal = fine_tab->controlValuesEqualsGlobalData();
         const bool changed = raDataChanged();
-        if ((changed || !equal) &&
-            QMessageBox::warning(this, tr("Room Adjustment"), tr("Discard changes?"),
-                                 QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::No) != QMessageBox::Yes)
+        if ((changed || !equal)
+            && QMessageBox::warning(this, tr("Room Adjustment"), tr("Discard changes?"),
+                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+                   != QMessageBox::Yes)
             return;
         // Asked again: the controller may have changed while the question stood.
         if (raDataChanged()) {
@@ -247,12 +234,6 @@ void RoomAdjustmentDlg2g::getCooTransAngleValues(double& rx, double& ry, double&
     fine_tab->getAngleValues(rx, ry, rz);
 }
 
-void RoomAdjustmentDlg2g::setControlsDefaultValues()
-{
-    fine_tab->setControlsDefaultValues();
-}
+void RoomAdjustmentDlg2g::setControlsDefaultValues() { fine_tab->setControlsDefaultValues(); }
 
-void RoomAdjustmentDlg2g::about_to_exit()
-{
-    io_manager->remove_requester(this);
-}
+void RoomAdjustmentDlg2g::about_to_exit() { io_manager->remove_requester(this); }

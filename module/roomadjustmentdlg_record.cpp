@@ -9,7 +9,8 @@
 
 using vocabulary::show_error;
 
-namespace {
+namespace
+{
 
 /// Reads a text parameter of `count` numbers; `values` becomes `fallback` if that fails.
 void read_numbers(IOManager* io_manager, const char* query, int count, const double* fallback,
@@ -20,10 +21,7 @@ void read_numbers(IOManager* io_manager, const char* query, int count, const dou
         std::copy(fallback, fallback + count, values);
 }
 
-bool all_equal(const double* a, const double* b, int count)
-{
-    return std::equal(a, a + count, b);
-}
+bool all_equal(const double* a, const double* b, int count) { return std::equal(a, a + count, b); }
 
 } // namespace
 
@@ -56,7 +54,8 @@ void RoomAdjustmentDlg2g::sendDataToZtc()
     const double* r = ra_data.rotation;
     const double* t = ra_data.translation;
     if (io_manager->set_param_value(vocabulary::set_extra_rotation, r[0], r[1], r[2], r[3], r[4],
-                                    r[5], r[6], r[7], r[8]) != 0)
+                                    r[5], r[6], r[7], r[8])
+        != 0)
         show_error(io_manager, vocabulary::cannot_set_adjustment_rotation);
     if (io_manager->set_param_value(vocabulary::set_extra_translation, t[0], t[1], t[2]) != 0)
         show_error(io_manager, vocabulary::cannot_set_adjustment_translation);
@@ -68,7 +67,7 @@ bool RoomAdjustmentDlg2g::raDataChanged()
 {
     RoomAdjustmentData now;
     getDataFromZtc(now);
-    return !all_equal(now.rotation, ra_data_saved.rotation, 9) ||
-           !all_equal(now.translation, ra_data_saved.translation, 3) ||
-           !(now.scaling == ra_data_saved.scaling);
+    return !all_equal(now.rotation, ra_data_saved.rotation, 9)
+           || !all_equal(now.translation, ra_data_saved.translation, 3)
+           || !(now.scaling == ra_data_saved.scaling);
 }

@@ -16,7 +16,8 @@
 #include <cstdio>
 #include <functional>
 
-namespace {
+namespace
+{
 
 using Points = QVector<QPointF>; // corners of a polygon
 
@@ -502,20 +503,20 @@ bool draw_all(const QDir& folder)
     const auto gesture = [](void (*draw)(QPainter&)) {
         return image(gesture_width, gesture_height, draw);
     };
-    return save(folder, "background.png", sketch(draw_sky)) &&
-           save(folder, "normal.png", sketch(draw_normal)) &&
-           save(folder, "powerwall_standing.png", sketch(draw_powerwall_standing)) &&
-           save(folder, "mid_camera.png", sketch(draw_mid_camera)) &&
-           save(folder, "grey.png", lamp(QColor(150, 150, 150))) &&
-           save(folder, "green.png", lamp(QColor(40, 180, 50))) &&
-           save(folder, "red.png", lamp(QColor(215, 40, 35))) &&
-           save(folder, "lock.png", image(48, 48, draw_lock)) &&
-           save(folder, "panning.png", gesture(draw_panning)) &&
-           save(folder, "rotation.png", gesture(draw_rotation)) &&
-           save(folder, "zooming.png", gesture(draw_zooming)) &&
-           save(folder, "transformation.png",
-                image(frames_width, frames_height, draw_transformation)) &&
-           save(folder, "ref_point_format.png", image(236, 102, draw_ref_point_format));
+    return save(folder, "background.png", sketch(draw_sky))
+           && save(folder, "normal.png", sketch(draw_normal))
+           && save(folder, "powerwall_standing.png", sketch(draw_powerwall_standing))
+           && save(folder, "mid_camera.png", sketch(draw_mid_camera))
+           && save(folder, "grey.png", lamp(QColor(150, 150, 150)))
+           && save(folder, "green.png", lamp(QColor(40, 180, 50)))
+           && save(folder, "red.png", lamp(QColor(215, 40, 35)))
+           && save(folder, "lock.png", image(48, 48, draw_lock))
+           && save(folder, "panning.png", gesture(draw_panning))
+           && save(folder, "rotation.png", gesture(draw_rotation))
+           && save(folder, "zooming.png", gesture(draw_zooming))
+           && save(folder, "transformation.png",
+                   image(frames_width, frames_height, draw_transformation))
+           && save(folder, "ref_point_format.png", image(236, 102, draw_ref_point_format));
 }
 
 } // namespace

@@ -6,9 +6,11 @@
 #include <QCommandLineParser>
 #include <limits>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr int max_version_number = 9999;
 

@@ -7,7 +7,8 @@
 #include <QString>
 #include <QStringList>
 
-namespace simulator {
+namespace simulator
+{
 
 struct CommandLine
 {

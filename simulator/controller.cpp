@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr double rotation_tolerance = 1e-5;
 constexpr Refusal done = nullptr;
@@ -15,10 +17,7 @@ constexpr Refusal config_locked = "the configuration is locked";
 /// are rounded on the line: one frame to close the span, one more to be safe.
 constexpr int frames_beyond_duration = 2;
 
-bool within(double value, double limit)
-{
-    return std::abs(value) <= limit;
-}
+bool within(double value, double limit) { return std::abs(value) <= limit; }
 
 } // namespace
 
@@ -45,15 +44,9 @@ Refusal Controller::calibrate(const QByteArray& new_type, bool loaded)
     return done;
 }
 
-void Controller::set_room_data(int camera, bool present)
-{
-    room_data.at(camera) = present;
-}
+void Controller::set_room_data(int camera, bool present) { room_data.at(camera) = present; }
 
-bool Controller::has_room(int camera) const
-{
-    return is_calibrated() && room_data.at(camera);
-}
+bool Controller::has_room(int camera) const { return is_calibrated() && room_data.at(camera); }
 
 Vec3 Controller::reported(const Vec3& world_point) const
 {
@@ -79,8 +72,8 @@ Refusal Controller::set_translation(const Vec3& t)
 {
     if (locked)
         return config_locked;
-    if (!within(t.x, max_translation) || !within(t.y, max_translation) ||
-        !within(t.z, max_translation))
+    if (!within(t.x, max_translation) || !within(t.y, max_translation)
+        || !within(t.z, max_translation))
         return "translation out of range";
     extra_transformation.translation = t;
     return done;

@@ -9,7 +9,8 @@
 #include <QByteArray>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 /// Why something was not done, in plain words; null if it was done. Nothing changes on refusal.
 using Refusal = const char*;

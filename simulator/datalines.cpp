@@ -2,9 +2,11 @@
 
 #include "simulator/numbers.h"
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr int position_decimals = 3;
 constexpr int rotation_decimals = 6;
@@ -16,20 +18,14 @@ constexpr int stick_joysticks = 2;
 const char* const tracked = "1.000";
 const char* const untracked = "-1.000";
 
-QByteArray group(const QByteArray& numbers)
-{
-    return '[' + numbers + ']';
-}
+QByteArray group(const QByteArray& numbers) { return '[' + numbers + ']'; }
 
 QByteArray place(const Vec3& position, const Mat3& rotation)
 {
     return group(fixed(position, position_decimals)) + group(fixed(rotation, rotation_decimals));
 }
 
-QByteArray no_place()
-{
-    return place({}, Mat3{{}});
-}
+QByteArray no_place() { return place({}, Mat3{{}}); }
 
 template <size_t size>
 unsigned int button_bits(const std::array<bool, size>& pressed, int first_bit)
@@ -59,10 +55,10 @@ QByteArray tool_groups(const Controller& controller, const World& world, int ind
     const unsigned int bits =
         seen ? button_bits(tool.pressed, 1) | unsigned(controller.is_measuring(index)) : 0u;
     const Vec3 tip = controller.reported(tool.tip + noise.sample(shake)) + noise.sample(deviation);
-    return group(QByteArray::number(index) + ' ' + (seen ? tracked : untracked) + ' ' +
-                 QByteArray::number(buttons) + ' ' + fixed(tip_radius, tip_radius_decimals)) +
-           (seen ? place(tip, controller.reported(Mat3())) : no_place()) +
-           group(QByteArray::number(bits)) + group(covariance(deviation * deviation));
+    return group(QByteArray::number(index) + ' ' + (seen ? tracked : untracked) + ' '
+                 + QByteArray::number(buttons) + ' ' + fixed(tip_radius, tip_radius_decimals))
+           + (seen ? place(tip, controller.reported(Mat3())) : no_place())
+           + group(QByteArray::number(bits)) + group(covariance(deviation * deviation));
 }
 
 QByteArray tool_line(const Controller& controller, const World& world, double deviation,
@@ -80,11 +76,11 @@ QByteArray stick_line(const Controller& controller, const World& world, double d
 {
     const Stick& stick = world.stick;
     const Vec3 position = controller.reported(stick.position) + noise.sample(deviation);
-    return QByteArray("6df2 1 1 ") +
-           group(QByteArray("0 ") + tracked + ' ' + QByteArray::number(int(stick.pressed.size())) +
-                 ' ' + QByteArray::number(stick_joysticks)) +
-           place(position, controller.reported(Mat3())) +
-           group(QByteArray::number(button_bits(stick.pressed, 0)) + " 0.00 0.00") + '\n';
+    return QByteArray("6df2 1 1 ")
+           + group(QByteArray("0 ") + tracked + ' ' + QByteArray::number(int(stick.pressed.size()))
+                   + ' ' + QByteArray::number(stick_joysticks))
+           + place(position, controller.reported(Mat3()))
+           + group(QByteArray::number(button_bits(stick.pressed, 0)) + " 0.00 0.00") + '\n';
 }
 
 } // namespace
@@ -100,10 +96,10 @@ Vec3 Noise::sample(double deviation)
 QByteArray data_lines(const Controller& controller, const World& world, double deviation,
                       Noise& noise)
 {
-    return "fr " + QByteArray::number(controller.frame()) + "\nts " +
-           fixed(controller.time_stamp(), time_decimals) + '\n' +
-           tool_line(controller, world, deviation, noise) +
-           stick_line(controller, world, deviation, noise);
+    return "fr " + QByteArray::number(controller.frame()) + "\nts "
+           + fixed(controller.time_stamp(), time_decimals) + '\n'
+           + tool_line(controller, world, deviation, noise)
+           + stick_line(controller, world, deviation, noise);
 }
 
 } // namespace simulator

@@ -8,7 +8,8 @@
 #include <QByteArray>
 #include <random>
 
-namespace simulator {
+namespace simulator
+{
 
 /// Measuring error of the cameras and trembling of the hand: normally distributed, repeatable.
 class Noise

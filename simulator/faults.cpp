@@ -3,9 +3,11 @@
 #include <QList>
 #include <algorithm>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 char meant_by_escape(char escaped)
 {
@@ -63,10 +65,7 @@ bool Faults::send_line(const QByteArray& text)
     return true;
 }
 
-std::vector<QByteArray> Faults::take_lines()
-{
-    return std::exchange(lines, {});
-}
+std::vector<QByteArray> Faults::take_lines() { return std::exchange(lines, {}); }
 
 QByteArray Faults::torn(const QByteArray& datagram)
 {

@@ -5,7 +5,8 @@
 #include <QByteArray>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 /// Everything is bounded: what goes beyond a limit is refused and changes nothing.
 class Faults

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr qint64 ms_per_second = 1000;
 /// After a longer pause than this the missed frames are dropped instead of sent in a burst.

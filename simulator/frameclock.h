@@ -7,7 +7,8 @@
 #include <QTimer>
 #include <QUdpSocket>
 
-namespace simulator {
+namespace simulator
+{
 
 class Simulator;
 

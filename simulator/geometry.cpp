@@ -2,37 +2,23 @@
 
 #include <cmath>
 
-namespace simulator {
-
-Vec3 operator+(const Vec3& a, const Vec3& b)
+namespace simulator
 {
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
 
-Vec3 operator-(const Vec3& a, const Vec3& b)
-{
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
+Vec3 operator+(const Vec3& a, const Vec3& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
 
-Vec3 operator*(double factor, const Vec3& v)
-{
-    return {factor * v.x, factor * v.y, factor * v.z};
-}
+Vec3 operator-(const Vec3& a, const Vec3& b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
+
+Vec3 operator*(double factor, const Vec3& v) { return {factor * v.x, factor * v.y, factor * v.z}; }
 
 Vec3 cross(const Vec3& a, const Vec3& b)
 {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
-double dot(const Vec3& a, const Vec3& b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
+double dot(const Vec3& a, const Vec3& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 
-Vec3 unit(const Vec3& v)
-{
-    return (1.0 / std::sqrt(dot(v, v))) * v;
-}
+Vec3 unit(const Vec3& v) { return (1.0 / std::sqrt(dot(v, v))) * v; }
 
 Vec3 Mat3::column(int index) const
 {
@@ -63,8 +49,8 @@ Mat3 rotation_about(const Vec3& axis, double degrees)
 {
     const double radians = degrees * std::acos(-1.0) / 180.0;
     const auto turned = [&](const Vec3& v) {
-        return std::cos(radians) * v + std::sin(radians) * cross(axis, v) +
-               ((1.0 - std::cos(radians)) * dot(axis, v)) * axis;
+        return std::cos(radians) * v + std::sin(radians) * cross(axis, v)
+               + ((1.0 - std::cos(radians)) * dot(axis, v)) * axis;
     };
     return from_columns(turned({1, 0, 0}), turned({0, 1, 0}), turned({0, 0, 1}));
 }
@@ -79,10 +65,7 @@ bool is_rotation(const Mat3& m, double tolerance)
     return dot(cross(m.column(0), m.column(1)), m.column(2)) > 0.0;
 }
 
-Pose operator*(const Pose& a, const Pose& b)
-{
-    return {a.rotation * b.rotation, a * b.position};
-}
+Pose operator*(const Pose& a, const Pose& b) { return {a.rotation * b.rotation, a * b.position}; }
 
 Vec3 operator*(const Pose& pose, const Vec3& point)
 {

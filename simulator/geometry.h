@@ -4,7 +4,8 @@
 
 #include <array>
 
-namespace simulator {
+namespace simulator
+{
 
 struct Vec3
 {

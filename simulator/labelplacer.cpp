@@ -4,9 +4,11 @@
 #include <cmath>
 #include <limits>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr int directions = 16;
 constexpr int rings = 6;
@@ -16,17 +18,15 @@ constexpr double line_piece = 6.0;   ///< pixels
 constexpr double negligible = 0.5;   ///< pixels squared, rounding included
 const double full_turn = 2.0 * std::acos(-1.0);
 
-double area(const QRectF& rect)
-{
-    return rect.isValid() ? rect.width() * rect.height() : 0.0;
-}
+double area(const QRectF& rect) { return rect.isValid() ? rect.width() * rect.height() : 0.0; }
 
 /// Centre of a label that touches the circle of this radius from outside.
 QPointF beside(const QPointF& anchor, const QSizeF& size, double radius, double angle)
 {
     const QPointF direction(std::cos(angle), std::sin(angle));
-    return anchor + QPointF(direction.x() * (radius + size.width() / 2),
-                            direction.y() * (radius + size.height() / 2));
+    return anchor
+           + QPointF(direction.x() * (radius + size.width() / 2),
+                     direction.y() * (radius + size.height() / 2));
 }
 
 QRectF around(const QPointF& centre, const QSizeF& size)

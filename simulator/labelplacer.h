@@ -7,7 +7,8 @@
 #include <QSizeF>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 class LabelPlacer
 {

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr size_t max_waiting_replies = 64;
 constexpr qint64 max_unsent_bytes = 1 << 16;
@@ -42,8 +44,8 @@ LineConnection::LineConnection(QTcpSocket* the_socket, Handler the_handler, QObj
 
 bool LineConnection::may_read() const
 {
-    return socket->state() == QAbstractSocket::ConnectedState &&
-           waiting.size() < max_waiting_replies && socket->bytesToWrite() < max_unsent_bytes;
+    return socket->state() == QAbstractSocket::ConnectedState
+           && waiting.size() < max_waiting_replies && socket->bytesToWrite() < max_unsent_bytes;
 }
 
 void LineConnection::read_requests()

@@ -9,7 +9,8 @@
 #include <deque>
 #include <functional>
 
-namespace simulator {
+namespace simulator
+{
 
 struct Answer;
 

@@ -2,7 +2,8 @@
 
 #include "simulator/simulator.h"
 
-namespace simulator {
+namespace simulator
+{
 
 LineServer::LineServer(LineConnection::Handler the_handler, QObject* parent)
     : QObject(parent), handler(std::move(the_handler))
@@ -10,10 +11,7 @@ LineServer::LineServer(LineConnection::Handler the_handler, QObject* parent)
     connect(&server, &QTcpServer::newConnection, this, &LineServer::accept_connections);
 }
 
-bool LineServer::listen()
-{
-    return server.listen(QHostAddress::LocalHost, 0);
-}
+bool LineServer::listen() { return server.listen(QHostAddress::LocalHost, 0); }
 
 void LineServer::accept_connections()
 {

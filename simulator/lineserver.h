@@ -6,7 +6,8 @@
 
 #include <QTcpServer>
 
-namespace simulator {
+namespace simulator
+{
 
 class LineServer : public QObject
 {

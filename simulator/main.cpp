@@ -15,7 +15,8 @@
 
 using namespace simulator;
 
-namespace {
+namespace
+{
 
 const QSize window_size(1080, 720);
 constexpr int usage_status = 2;

@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 std::optional<double> finite_number(const QByteArray& text)
 {
@@ -19,10 +21,7 @@ std::optional<double> finite_number(const QByteArray& text)
     return value;
 }
 
-bool is_digit(char c)
-{
-    return c >= '0' && c <= '9';
-}
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 } // namespace
 
@@ -78,13 +77,10 @@ QByteArray fixed(const Vec3& v, int decimals)
 
 QByteArray fixed(const Mat3& m, int decimals)
 {
-    return fixed(m.column(0), decimals) + ' ' + fixed(m.column(1), decimals) + ' ' +
-           fixed(m.column(2), decimals);
+    return fixed(m.column(0), decimals) + ' ' + fixed(m.column(1), decimals) + ' '
+           + fixed(m.column(2), decimals);
 }
 
-QByteArray truth(bool value)
-{
-    return value ? "1" : "0";
-}
+QByteArray truth(bool value) { return value ? "1" : "0"; }
 
 } // namespace simulator

@@ -8,7 +8,8 @@
 #include <optional>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 /// Exactly `count` numbers with single blanks between them, each finite; nothing otherwise.
 std::optional<std::vector<double>> parse_numbers(const QByteArray& text, int count);

@@ -6,9 +6,11 @@
 
 #include <QList>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr double max_deviation = 1000.0; ///< mm, of noise and of trembling
 constexpr double min_duration = 0.001;   ///< s
@@ -85,15 +87,9 @@ QByteArray push(Simulator& s, const QByteArray& rest, bool down)
     return error("tool or stick, and a button, are needed");
 }
 
-QByteArray press(Simulator& s, const QByteArray& rest)
-{
-    return push(s, rest, true);
-}
+QByteArray press(Simulator& s, const QByteArray& rest) { return push(s, rest, true); }
 
-QByteArray release(Simulator& s, const QByteArray& rest)
-{
-    return push(s, rest, false);
-}
+QByteArray release(Simulator& s, const QByteArray& rest) { return push(s, rest, false); }
 
 QByteArray measure(Simulator& s, const QByteArray&)
 {
@@ -109,15 +105,9 @@ QByteArray hide(Simulator& s, bool hidden)
     return ok();
 }
 
-QByteArray lose(Simulator& s, const QByteArray&)
-{
-    return hide(s, true);
-}
+QByteArray lose(Simulator& s, const QByteArray&) { return hide(s, true); }
 
-QByteArray find(Simulator& s, const QByteArray&)
-{
-    return hide(s, false);
-}
+QByteArray find(Simulator& s, const QByteArray&) { return hide(s, false); }
 
 QByteArray shake(Simulator& s, const QByteArray& rest)
 {
@@ -206,8 +196,8 @@ QByteArray duration(Simulator& s, const QByteArray& rest)
 QByteArray version(Simulator& s, const QByteArray&)
 {
     const Version& v = s.controller.version();
-    return ok(QByteArray::number(v.major) + ' ' + QByteArray::number(v.minor) + ' ' +
-              QByteArray::number(v.patch));
+    return ok(QByteArray::number(v.major) + ' ' + QByteArray::number(v.minor) + ' '
+              + QByteArray::number(v.patch));
 }
 
 QByteArray object(Simulator& s, const QByteArray&)
@@ -224,8 +214,8 @@ QByteArray true_pose(Simulator& s, const QByteArray&)
     if (!s.controller.is_calibrated())
         return error(no_room);
     const Pose T_room_object = s.controller.room() * s.world.object;
-    return ok(fixed(transpose(T_room_object.rotation), rotation_decimals) + ' ' +
-              fixed(T_room_object.position, length_decimals));
+    return ok(fixed(transpose(T_room_object.rotation), rotation_decimals) + ' '
+              + fixed(T_room_object.position, length_decimals));
 }
 
 QByteArray tip(Simulator& s, const QByteArray&)
@@ -240,22 +230,22 @@ QByteArray tip(Simulator& s, const QByteArray&)
 QByteArray tool_state(const Simulator& s)
 {
     const int held = s.world.held;
-    return " tool=" + QByteArray::number(held + 1) + " seen=" + truth(s.controller.is_seen(held)) +
-           " tip_calibrated=" + truth(s.controller.tool(held).tip_calibrated) +
-           " measuring=" + truth(s.controller.is_measuring(held));
+    return " tool=" + QByteArray::number(held + 1) + " seen=" + truth(s.controller.is_seen(held))
+           + " tip_calibrated=" + truth(s.controller.tool(held).tip_calibrated)
+           + " measuring=" + truth(s.controller.is_measuring(held));
 }
 
 QByteArray state(Simulator& s, const QByteArray&)
 {
     const Controller& c = s.controller;
     const QByteArray tool = s.world.held_tool() ? tool_state(s) : QByteArray(" tool=0");
-    return ok(
-        "tracking=" + truth(c.is_tracking()) + " available=" + truth(c.is_available()) +
-        " locked=" + truth(c.is_locked()) + " licence=" + truth(c.is_licensed()) +
-        " roomcal=" + c.coordinate_type() + tool + " noise=" + fixed(s.deviation, length_decimals) +
-        " shake=" + fixed(s.world.shake, length_decimals) +
-        " delay=" + QByteArray::number(s.faults.delay()) +
-        " stream=" + QByteArray::number(s.data_port()) + " frame=" + QByteArray::number(c.frame()));
+    return ok("tracking=" + truth(c.is_tracking()) + " available=" + truth(c.is_available())
+              + " locked=" + truth(c.is_locked()) + " licence=" + truth(c.is_licensed())
+              + " roomcal=" + c.coordinate_type() + tool
+              + " noise=" + fixed(s.deviation, length_decimals)
+              + " shake=" + fixed(s.world.shake, length_decimals)
+              + " delay=" + QByteArray::number(s.faults.delay()) + " stream="
+              + QByteArray::number(s.data_port()) + " frame=" + QByteArray::number(c.frame()));
 }
 
 /// Nothing, "every N", or the beginning of requests.

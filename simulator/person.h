@@ -4,7 +4,8 @@
 
 #include <QByteArray>
 
-namespace simulator {
+namespace simulator
+{
 
 class Simulator;
 

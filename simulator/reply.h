@@ -6,27 +6,16 @@
 
 #include <QByteArray>
 
-namespace simulator {
-
-inline QByteArray ok()
+namespace simulator
 {
-    return "ok";
-}
 
-inline QByteArray ok(const QByteArray& value)
-{
-    return "ok " + value;
-}
+inline QByteArray ok() { return "ok"; }
 
-inline QByteArray error(const QByteArray& reason)
-{
-    return "error " + reason;
-}
+inline QByteArray ok(const QByteArray& value) { return "ok " + value; }
 
-inline QByteArray outcome(Refusal refusal)
-{
-    return refusal ? error(refusal) : ok();
-}
+inline QByteArray error(const QByteArray& reason) { return "error " + reason; }
+
+inline QByteArray outcome(Refusal refusal) { return refusal ? error(refusal) : ok(); }
 
 } // namespace simulator
 

@@ -4,9 +4,11 @@
 #include <cmath>
 #include <random>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr double camera_height = 2300.0;
 constexpr double wall_middle_height = 1200.0;
@@ -82,8 +84,8 @@ Pose place_object(unsigned int seed)
     const double tilt = within(max_tilt);
     const double roll = within(max_tilt);
     const Mat3 lying = rotation_about({1, 0, 0}, -90.0);
-    const Mat3 turned = rotation_about(up, heading) * rotation_about({1, 0, 0}, tilt) *
-                        rotation_about({0, 0, 1}, roll) * lying;
+    const Mat3 turned = rotation_about(up, heading) * rotation_about({1, 0, 0}, tilt)
+                        * rotation_about({0, 0, 1}, roll) * lying;
     const Vec3 middle = {450.0, 260.0, 60.0};
     const Vec3 stand = {900.0 + within(100.0), object_height, -300.0 + within(100.0)};
     return {turned, stand - turned * middle};

@@ -7,7 +7,8 @@
 #include <QByteArray>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 /// World coordinates, in mm: x to the right, y up, z towards the viewer who stands before the
 /// front wall; the origin is the middle of the floor.

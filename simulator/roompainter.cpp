@@ -7,9 +7,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 const QColor background_colour("#f4f5f7");
 const QColor floor_colour("#ffffff");
@@ -43,10 +45,7 @@ constexpr double legend_row = 18.0;
 constexpr double legend_inset = 14.0;
 constexpr double scale_bar = 1000.0; ///< mm
 
-double length(const QPointF& v)
-{
-    return std::hypot(v.x(), v.y());
-}
+double length(const QPointF& v) { return std::hypot(v.x(), v.y()); }
 
 QRectF square(const QPointF& centre, double radius)
 {
@@ -60,8 +59,8 @@ double turn(const QPointF& a, const QPointF& b, const QPointF& c)
 
 void extend_chain(QPolygonF& chain, int fixed, const QPointF& point)
 {
-    while (chain.size() >= fixed + 2 &&
-           turn(chain[chain.size() - 2], chain[chain.size() - 1], point) <= 0)
+    while (chain.size() >= fixed + 2
+           && turn(chain[chain.size() - 2], chain[chain.size() - 1], point) <= 0)
         chain.removeLast();
     chain << point;
 }
@@ -85,20 +84,16 @@ QPolygonF hull(QPolygonF points)
 bool changes_something(const ExtraTransformation& extra)
 {
     const Vec3& t = extra.translation;
-    return extra.rotation.columns != Mat3().columns || extra.scaling != 1.0 || t.x != 0.0 ||
-           t.y != 0.0 || t.z != 0.0;
+    return extra.rotation.columns != Mat3().columns || extra.scaling != 1.0 || t.x != 0.0
+           || t.y != 0.0 || t.z != 0.0;
 }
 
 } // namespace
 
 RoomPainter::RoomPainter(QPainter& the_painter, const Simulator& the_simulator,
                          const QRectF& the_area, int the_hovered)
-    : painter(the_painter),
-      simulator(the_simulator),
-      area(the_area),
-      projection(the_area),
-      placer(the_area),
-      hovered(the_hovered)
+    : painter(the_painter), simulator(the_simulator), area(the_area), projection(the_area),
+      placer(the_area), hovered(the_hovered)
 {
 }
 
@@ -299,8 +294,8 @@ void RoomPainter::paint_legend()
     if (adjusted)
         paint_legend_entry(1, adjusted_colour, "x' y' z'  adjusted room");
 
-    const QPointF left = projection.floor().bottomRight() -
-                         QPointF(legend_inset + projection.pixels(scale_bar), legend_inset);
+    const QPointF left = projection.floor().bottomRight()
+                         - QPointF(legend_inset + projection.pixels(scale_bar), legend_inset);
     const QPointF right = left + QPointF(projection.pixels(scale_bar), 0);
     painter.setPen(QPen(quiet_colour, 2));
     painter.drawLine(left, right);

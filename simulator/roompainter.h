@@ -11,7 +11,8 @@
 #include <QString>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 class Simulator;
 

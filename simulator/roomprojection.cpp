@@ -2,18 +2,19 @@
 
 #include <algorithm>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr double margin = 330.0; ///< mm around the walls, for the cameras' labels
 
 } // namespace
 
 RoomProjection::RoomProjection(const QRectF& area)
-    : centre(area.center()),
-      scale(std::min(area.width() / (2.0 * (room_half_width + margin)),
-                     area.height() / (2.0 * (room_half_depth + margin))))
+    : centre(area.center()), scale(std::min(area.width() / (2.0 * (room_half_width + margin)),
+                                            area.height() / (2.0 * (room_half_depth + margin))))
 {
 }
 

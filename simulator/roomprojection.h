@@ -7,7 +7,8 @@
 #include <QPointF>
 #include <QRectF>
 
-namespace simulator {
+namespace simulator
+{
 
 /// The rear wall is at the top. Pixels are square: one scale holds for both directions.
 class RoomProjection

@@ -6,9 +6,11 @@
 #include <QMouseEvent>
 #include <cmath>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr double reach = 14.0; ///< pixels from a point's middle within which a click counts
 
@@ -21,10 +23,7 @@ RoomView::RoomView(const Simulator& the_simulator, QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-QSize RoomView::minimumSizeHint() const
-{
-    return {480, 400};
-}
+QSize RoomView::minimumSizeHint() const { return {480, 400}; }
 
 int RoomView::point_at(const QPointF& place) const
 {

@@ -4,7 +4,8 @@
 
 #include <QWidget>
 
-namespace simulator {
+namespace simulator
+{
 
 class Simulator;
 

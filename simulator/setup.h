@@ -4,7 +4,8 @@
 
 #include <QByteArray>
 
-namespace simulator {
+namespace simulator
+{
 
 /// Version of the backend that is played. Parameters that came later are unknown to it.
 struct Version

@@ -7,9 +7,11 @@
 
 #include <algorithm>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr int max_port = 65535;
 const char stream_request[] = "do data stream ";

@@ -11,7 +11,8 @@
 #include <QByteArray>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 struct Answer
 {

@@ -13,9 +13,11 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr int refresh_interval = 33; ///< ms
 constexpr int panel_width = 230;

@@ -11,7 +11,8 @@ class QGroupBox;
 class QLabel;
 class QPushButton;
 
-namespace simulator {
+namespace simulator
+{
 
 class RoomView;
 class Simulator;

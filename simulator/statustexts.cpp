@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr int length_decimals = 1;
 constexpr int angle_decimals = 2;
@@ -77,9 +79,9 @@ QString tip_text(const Simulator& simulator)
 
 QString extra_text(const ExtraTransformation& extra)
 {
-    return "extra transformation: " + rotation_text(extra.rotation) + ", translation " +
-           fixed(extra.translation, length_decimals) + " mm, scale " +
-           fixed(extra.scaling, scaling_decimals);
+    return "extra transformation: " + rotation_text(extra.rotation) + ", translation "
+           + fixed(extra.translation, length_decimals) + " mm, scale "
+           + fixed(extra.scaling, scaling_decimals);
 }
 
 } // namespace simulator

@@ -6,7 +6,8 @@
 
 #include <QString>
 
-namespace simulator {
+namespace simulator
+{
 
 /// Rich text: whether tracking runs, and what the held tool does.
 QString tracking_text(const Simulator& simulator);

@@ -6,9 +6,11 @@
 #include <algorithm>
 #include <cstdio>
 
-namespace simulator {
+namespace simulator
+{
 
-namespace {
+namespace
+{
 
 constexpr int rotation_decimals = 8;
 constexpr int translation_decimals = 3;
@@ -23,18 +25,15 @@ enum class Index
     tool
 };
 
-QByteArray yes_or_no(bool value)
-{
-    return value ? "yes" : "no";
-}
+QByteArray yes_or_no(bool value) { return value ? "yes" : "no"; }
 
 QByteArray camera_room(const Controller& controller, int camera)
 {
     if (!controller.has_room(camera))
         return "none";
     const Pose T_world_camera = controller.camera(camera);
-    return fixed(controller.reported(T_world_camera.position), translation_decimals) + ' ' +
-           fixed(controller.reported(T_world_camera.rotation), rotation_decimals);
+    return fixed(controller.reported(T_world_camera.position), translation_decimals) + ' '
+           + fixed(controller.reported(T_world_camera.rotation), rotation_decimals);
 }
 
 struct Parameter

@@ -6,7 +6,8 @@
 
 #include <QByteArray>
 
-namespace simulator {
+namespace simulator
+{
 
 /// Each returns the whole reply. `text` is what follows "get ", "set " or "do ". What cannot be
 /// understood, or is newer than the version played, is answered with an error and changes nothing.

@@ -8,7 +8,8 @@
 #include <array>
 #include <vector>
 
-namespace simulator {
+namespace simulator
+{
 
 /// A Measurement Tool. It points straight down in the world.
 struct Tool

@@ -13,10 +13,7 @@ bsFrame::bsFrame(const bsMatrix& m, bsFrame* reference)
     orientation.fromMatrix(m);
 }
 
-bsFrame::bsFrame(const bsFrame& other) : bsFrame()
-{
-    *this = other;
-}
+bsFrame::bsFrame(const bsFrame& other) : bsFrame() { *this = other; }
 
 bsFrame& bsFrame::operator=(const bsFrame& other)
 {

@@ -9,7 +9,8 @@
 
 #define ASSERT_LINE_INDEX(n) BS_ASSERT(n >= 0 && n < 4, "n>=0 && n<4", "src/bsMatrix.cpp")
 
-namespace {
+namespace
+{
 
 const int element_count = 16;
 const double tolerance = 1e-7;
@@ -86,10 +87,7 @@ struct EliminationTable
 
 } // namespace
 
-bsMatrix::bsMatrix(const double* p)
-{
-    std::copy(p, p + element_count, elements);
-}
+bsMatrix::bsMatrix(const double* p) { std::copy(p, p + element_count, elements); }
 
 bsMatrix::bsMatrix(const bsMatrix& m)
 {
@@ -103,10 +101,7 @@ bsMatrix& bsMatrix::operator=(const bsMatrix& m)
     return *this;
 }
 
-void bsMatrix::setAll(double v)
-{
-    std::fill(elements, elements + element_count, v);
-}
+void bsMatrix::setAll(double v) { std::fill(elements, elements + element_count, v); }
 
 bsMatrix& bsMatrix::setNull()
 {
@@ -190,25 +185,13 @@ bsMatrix& bsMatrix::operator/=(double d)
     return *this;
 }
 
-bsMatrix bsMatrix::operator*(double d) const
-{
-    return bsMatrix(*this) *= d;
-}
+bsMatrix bsMatrix::operator*(double d) const { return bsMatrix(*this) *= d; }
 
-bsMatrix bsMatrix::operator/(double d) const
-{
-    return bsMatrix(*this) /= d;
-}
+bsMatrix bsMatrix::operator/(double d) const { return bsMatrix(*this) /= d; }
 
-bsMatrix bsMatrix::operator-() const
-{
-    return bsMatrix() -= *this;
-}
+bsMatrix bsMatrix::operator-() const { return bsMatrix() -= *this; }
 
-bsMatrix& bsMatrix::operator*=(const bsMatrix& b)
-{
-    return *this = *this * b;
-}
+bsMatrix& bsMatrix::operator*=(const bsMatrix& b) { return *this = *this * b; }
 
 bsVector bsMatrix::operator*(const bsVector& v) const
 {
@@ -240,10 +223,7 @@ bsMatrix& bsMatrix::scaling(double x, double y, double z)
     return *this;
 }
 
-bsMatrix& bsMatrix::scaling(const bsVector& v)
-{
-    return scaling(v.x, v.y, v.z);
-}
+bsMatrix& bsMatrix::scaling(const bsVector& v) { return scaling(v.x, v.y, v.z); }
 
 bsMatrix& bsMatrix::rotationX(double degrees)
 {
@@ -305,9 +285,9 @@ bsMatrix& bsMatrix::rotation(double degrees, const bsVector& axis)
 double bsMatrix::getDeterminant() const
 {
     const bsMatrix& m = *this;
-    return minorOf(m, 0, 0, 1) * minorOf(m, 2, 2, 3) - minorOf(m, 0, 0, 2) * minorOf(m, 2, 1, 3) +
-           minorOf(m, 0, 0, 3) * minorOf(m, 2, 1, 2) + minorOf(m, 0, 1, 2) * minorOf(m, 2, 0, 3) -
-           minorOf(m, 0, 1, 3) * minorOf(m, 2, 0, 2) + minorOf(m, 0, 2, 3) * minorOf(m, 2, 0, 1);
+    return minorOf(m, 0, 0, 1) * minorOf(m, 2, 2, 3) - minorOf(m, 0, 0, 2) * minorOf(m, 2, 1, 3)
+           + minorOf(m, 0, 0, 3) * minorOf(m, 2, 1, 2) + minorOf(m, 0, 1, 2) * minorOf(m, 2, 0, 3)
+           - minorOf(m, 0, 1, 3) * minorOf(m, 2, 0, 2) + minorOf(m, 0, 2, 3) * minorOf(m, 2, 0, 1);
 }
 
 double bsMatrix::getNormeSquared() const
@@ -318,15 +298,9 @@ double bsMatrix::getNormeSquared() const
     return sum;
 }
 
-double bsMatrix::getNorm() const
-{
-    return std::sqrt(getNormeSquared());
-}
+double bsMatrix::getNorm() const { return std::sqrt(getNormeSquared()); }
 
-bsMatrix& bsMatrix::transpose()
-{
-    return getTranspose(*this);
-}
+bsMatrix& bsMatrix::transpose() { return getTranspose(*this); }
 
 bsMatrix& bsMatrix::getTranspose(bsMatrix& out) const
 {
@@ -337,10 +311,7 @@ bsMatrix& bsMatrix::getTranspose(bsMatrix& out) const
     return out = transposed;
 }
 
-bsMatrix& bsMatrix::fastInvert()
-{
-    return fastInvert(*this);
-}
+bsMatrix& bsMatrix::fastInvert() { return fastInvert(*this); }
 
 bsMatrix& bsMatrix::fastInvert(bsMatrix& out) const
 {
@@ -354,10 +325,7 @@ bsMatrix& bsMatrix::fastInvert(bsMatrix& out) const
     return out = inverse;
 }
 
-bsMatrix& bsMatrix::gaussInvert()
-{
-    return gaussInvert(*this);
-}
+bsMatrix& bsMatrix::gaussInvert() { return gaussInvert(*this); }
 
 bsMatrix& bsMatrix::gaussInvert(bsMatrix& out) const
 {
@@ -378,15 +346,9 @@ bool bsMatrix::isOrthonormal()
     return true;
 }
 
-bsMatrix operator+(const bsMatrix& a, const bsMatrix& b)
-{
-    return bsMatrix(a) += b;
-}
+bsMatrix operator+(const bsMatrix& a, const bsMatrix& b) { return bsMatrix(a) += b; }
 
-bsMatrix operator-(const bsMatrix& a, const bsMatrix& b)
-{
-    return bsMatrix(a) -= b;
-}
+bsMatrix operator-(const bsMatrix& a, const bsMatrix& b) { return bsMatrix(a) -= b; }
 
 bsMatrix operator*(const bsMatrix& a, const bsMatrix& b)
 {
@@ -408,10 +370,7 @@ bool operator==(bsMatrix a, bsMatrix b)
     return true;
 }
 
-bool operator!=(bsMatrix a, bsMatrix b)
-{
-    return !(a == b);
-}
+bool operator!=(bsMatrix a, bsMatrix b) { return !(a == b); }
 
 std::ostream& operator<<(std::ostream& out, const bsMatrix& m)
 {

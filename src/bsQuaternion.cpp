@@ -3,7 +3,8 @@
 #include <cmath>
 #include <iostream>
 
-namespace {
+namespace
+{
 
 const double shortest_length = 1e-7;
 const double radians_per_degree = 0.017453292519943295;
@@ -65,10 +66,7 @@ bsQuaternion fromMatrixByZ(const bsMatrix& m)
 
 } // namespace
 
-bsQuaternion::bsQuaternion(double degrees, const bsVector& axis)
-{
-    fromAxis(degrees, axis);
-}
+bsQuaternion::bsQuaternion(double degrees, const bsVector& axis) { fromAxis(degrees, axis); }
 
 bsQuaternion& bsQuaternion::setValues(double x_, double y_, double z_, double w_)
 {
@@ -128,10 +126,7 @@ bsQuaternion& bsQuaternion::normalize()
     return setValues(x * factor, y * factor, z * factor, w * factor);
 }
 
-bsQuaternion& bsQuaternion::operator*=(const bsQuaternion& q)
-{
-    return *this = *this * q;
-}
+bsQuaternion& bsQuaternion::operator*=(const bsQuaternion& q) { return *this = *this * q; }
 
 void bsQuaternion::slerp(const bsQuaternion& a, const bsQuaternion& b, double t)
 {

@@ -5,49 +5,32 @@
 #include <cmath>
 #include <iostream>
 
-namespace {
+namespace
+{
 
 const double tolerance = 1e-7;
 const double pi = 3.141592653589793;
 
-double lengthOf(const bsVector& v)
-{
-    return std::sqrt(bsVector::dotProduct(v, v));
-}
+double lengthOf(const bsVector& v) { return std::sqrt(bsVector::dotProduct(v, v)); }
 
-bool isNear(double a, double b)
-{
-    return std::fabs(a - b) < tolerance;
-}
+bool isNear(double a, double b) { return std::fabs(a - b) < tolerance; }
 
-double signOf(double value)
-{
-    return value > 0.0 ? 1.0 : -1.0;
-}
+double signOf(double value) { return value > 0.0 ? 1.0 : -1.0; }
 
 } // namespace
 
 static_assert(sizeof(bsVector) == 3 * sizeof(double), "read as an array of three doubles");
 
-bsVector& bsVector::setValues(double v)
-{
-    return *this = bsVector(v);
-}
+bsVector& bsVector::setValues(double v) { return *this = bsVector(v); }
 
 bsVector& bsVector::setValues(double x_, double y_, double z_)
 {
     return *this = bsVector(x_, y_, z_);
 }
 
-bsVector& bsVector::setValues(const double* p)
-{
-    return *this = bsVector(p);
-}
+bsVector& bsVector::setValues(const double* p) { return *this = bsVector(p); }
 
-bsVector& bsVector::setValues(const float* p)
-{
-    return *this = bsVector(p);
-}
+bsVector& bsVector::setValues(const float* p) { return *this = bsVector(p); }
 
 double& bsVector::operator[](int i)
 {
@@ -63,40 +46,19 @@ double& bsVector::operator[](int i)
     return x;
 }
 
-bsVector& bsVector::operator+=(const bsVector& b)
-{
-    return *this = *this + b;
-}
+bsVector& bsVector::operator+=(const bsVector& b) { return *this = *this + b; }
 
-bsVector& bsVector::operator-=(const bsVector& b)
-{
-    return *this = *this - b;
-}
+bsVector& bsVector::operator-=(const bsVector& b) { return *this = *this - b; }
 
-bsVector& bsVector::operator*=(const bsVector& b)
-{
-    return *this = *this * b;
-}
+bsVector& bsVector::operator*=(const bsVector& b) { return *this = *this * b; }
 
-bsVector& bsVector::operator*=(double d)
-{
-    return *this = *this * d;
-}
+bsVector& bsVector::operator*=(double d) { return *this = *this * d; }
 
-bsVector& bsVector::operator/=(const bsVector& b)
-{
-    return *this = *this / b;
-}
+bsVector& bsVector::operator/=(const bsVector& b) { return *this = *this / b; }
 
-bsVector& bsVector::operator/=(double d)
-{
-    return *this = *this / d;
-}
+bsVector& bsVector::operator/=(double d) { return *this = *this / d; }
 
-bsVector& bsVector::operator^=(const bsVector& b)
-{
-    return *this = *this ^ b;
-}
+bsVector& bsVector::operator^=(const bsVector& b) { return *this = *this ^ b; }
 
 bool bsVector::operator==(const bsVector& b) const
 {

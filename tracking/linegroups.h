@@ -8,7 +8,8 @@
 #include <cstddef>
 #include <vector>
 
-namespace line_groups {
+namespace line_groups
+{
 
 /// Highest count or id that a line may ask storage for; no real set-up comes near it.
 const int max_number = 4096;
@@ -18,10 +19,7 @@ const char* const vector_format = "ddd";
 const char* const matrix_format = "ddddddddd";
 const char* const six_reals = "dddddd";
 
-inline bool is_in_range(int number)
-{
-    return number >= 0 && number <= max_number;
-}
+inline bool is_in_range(int number) { return number >= 0 && number <= max_number; }
 
 /// Reads a count; null, with `*count` as it was, if there is none or it is out of range.
 inline char* read_count(char* cursor, int* count)

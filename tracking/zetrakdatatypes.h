@@ -5,7 +5,8 @@
 /// `loc` is a position in mm in the room system, `rot` a rotation matrix in the order of the line.
 /// `quality` is -1.0 for an object that is not tracked. All records are plain data: `Type()` has
 /// every number 0.
-namespace ZetrakSDK_Datatypes {
+namespace ZetrakSDK_Datatypes
+{
 
 enum
 {

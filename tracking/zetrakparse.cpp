@@ -10,12 +10,10 @@
 #include <charconv>
 #endif
 
-namespace {
-
-bool is_digit(char c)
+namespace
 {
-    return c >= '0' && c <= '9';
-}
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 template <class Char>
 Char* skip(Char* text, char c)
@@ -137,8 +135,8 @@ inline char* scan_double(char* text, double* value)
 {
     Decimal d;
     double magnitude;
-    if (scan_decimal(text, &d) &&
-        (convert_exactly(d, &magnitude) || convert_by_library(d, &magnitude))) {
+    if (scan_decimal(text, &d)
+        && (convert_exactly(d, &magnitude) || convert_by_library(d, &magnitude))) {
         *value = d.negative ? -magnitude : magnitude;
         return text + (d.last - text);
     }
@@ -204,7 +202,8 @@ bool read_group(char* cursor, const char* format, int* ivalues, float* fvalues, 
 
 } // namespace
 
-namespace ZetrakSDK_Parse {
+namespace ZetrakSDK_Parse
+{
 
 char* string_nextline(char* buffer, char* position, int length)
 {
@@ -270,20 +269,14 @@ char* string_get_f(char* text, float* value)
     return end;
 }
 
-char* string_get_d(char* text, double* value)
-{
-    return scan_double(text, value);
-}
+char* string_get_d(char* text, double* value) { return scan_double(text, value); }
 
 char* string_get_ui(char* text, unsigned int* value)
 {
     return scan_integer(text, value, std::strtoul);
 }
 
-char* string_get_i(char* text, int* value)
-{
-    return scan_integer(text, value, std::strtol);
-}
+char* string_get_i(char* text, int* value) { return scan_integer(text, value, std::strtol); }
 
 char* string_get_block(char* text, const char* format, int* ivalues, float* fvalues,
                        double* dvalues)

@@ -11,7 +11,8 @@
 /// The number readers skip white space, read the longest number that stands there in the C locale
 /// whatever LC_NUMERIC says, and return the position behind it, or null if there is none. `*value`
 /// is always written, with 0 on failure.
-namespace ZetrakSDK_Parse {
+namespace ZetrakSDK_Parse
+{
 
 /// Start of the line after the one at `position`, in the `length` bytes at `buffer`. Runs of line
 /// feeds and carriage returns end a line; zero bytes within it do not. Null at the end of the

@@ -32,7 +32,8 @@ const ZetrakParser::LineKind ZetrakParser::line_kinds[] = {
 
 #undef LINE_KIND
 
-namespace {
+namespace
+{
 
 template <class Record>
 Record* record_at(std::vector<Record>& records, int number, int index)
@@ -125,10 +126,7 @@ char* ZetrakParser::readCalibratedHands(char* cursor)
     return read_calibrated_count(cursor, &cal_hand_count);
 }
 
-Zetrak_Body_Type_d* ZetrakParser::getBody(int index)
-{
-    return record_at(body, num_body, index);
-}
+Zetrak_Body_Type_d* ZetrakParser::getBody(int index) { return record_at(body, num_body, index); }
 
 Zetrak_WandStick_Type_d* ZetrakParser::getWandStick(int index)
 {
@@ -145,10 +143,7 @@ Zetrak_MeaRef_Type_d* ZetrakParser::getMeaRef(int index)
     return record_at(mearef, num_mearef, index);
 }
 
-Zetrak_Hand_Type_d* ZetrakParser::getHand(int index)
-{
-    return record_at(hand, num_hand, index);
-}
+Zetrak_Hand_Type_d* ZetrakParser::getHand(int index) { return record_at(hand, num_hand, index); }
 
 Zetrak_Human_Type_d* ZetrakParser::getHuman(int index)
 {

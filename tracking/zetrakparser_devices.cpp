@@ -7,7 +7,8 @@ using namespace ZetrakSDK_Datatypes;
 using namespace ZetrakSDK_Parse;
 using namespace line_groups;
 
-namespace {
+namespace
+{
 
 // Fixed lines carry one word of button bits: eight for a pointing device, four for a tool.
 const int fixed_stick_buttons = 8;
@@ -90,8 +91,8 @@ char* read_stick(char* cursor, Zetrak_WandStick_Type_d& stick, int index)
         return nullptr;
     stick.id = index;
     stick.quality = quality;
-    if (integers[1] < 0 || integers[1] > max_stick_buttons || integers[2] < 0 ||
-        integers[2] > Zetrak_Max_Joystick)
+    if (integers[1] < 0 || integers[1] > max_stick_buttons || integers[2] < 0
+        || integers[2] > Zetrak_Max_Joystick)
         return nullptr;
     stick.num_button = integers[1];
     stick.num_joystick = integers[2];

@@ -7,7 +7,8 @@ using namespace ZetrakSDK_Datatypes;
 using namespace ZetrakSDK_Parse;
 using namespace line_groups;
 
-namespace {
+namespace
+{
 
 char* read_body(char* cursor, std::vector<Zetrak_Body_Type_d>& bodies, int* number)
 {

@@ -8,7 +8,8 @@
 #include <qwt_global.h>
 #include <qwt_wheel.h>
 
-namespace {
+namespace
+{
 
 const double smallest_change = 1e-05;
 const double wrapping_gap = 1.0;
@@ -53,16 +54,10 @@ void set_up_wheel(QwtWheel& wheel)
 
 bsDoubleWidget::bsDoubleWidget(QWidget* parent, bsDoubleMode mode, double minimum, double maximum,
                                bool wrapping)
-    : QWidget(parent),
-      wheel_value(0.0),
-      main_layout(new QBoxLayout(QBoxLayout::LeftToRight, this)),
-      label_widget(new QLabel(this)),
-      input_layout(new QBoxLayout(QBoxLayout::TopToBottom)),
-      spin_box(new QDoubleSpinBox(this)),
-      wheel(new QwtWheel(this)),
-      editing(false),
-      mouse_editing(false),
-      wheel_editing(false)
+    : QWidget(parent), wheel_value(0.0), main_layout(new QBoxLayout(QBoxLayout::LeftToRight, this)),
+      label_widget(new QLabel(this)), input_layout(new QBoxLayout(QBoxLayout::TopToBottom)),
+      spin_box(new QDoubleSpinBox(this)), wheel(new QwtWheel(this)), editing(false),
+      mouse_editing(false), wheel_editing(false)
 {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     main_layout->setContentsMargins(0, 0, 0, 0);
@@ -104,15 +99,9 @@ void bsDoubleWidget::createWheel()
     input_layout->addWidget(wheel);
 }
 
-double bsDoubleWidget::value() const
-{
-    return spin_box->value();
-}
+double bsDoubleWidget::value() const { return spin_box->value(); }
 
-QString bsDoubleWidget::label() const
-{
-    return label_widget->text();
-}
+QString bsDoubleWidget::label() const { return label_widget->text(); }
 
 void bsDoubleWidget::setStep(double step)
 {
@@ -141,30 +130,15 @@ void bsDoubleWidget::setRange(double minimum, double maximum)
     spin_box->setRange(minimum, spin_box->wrapping() ? maximum - wrapping_gap : maximum);
 }
 
-void bsDoubleWidget::showLabel(bool show)
-{
-    label_widget->setVisible(show);
-}
+void bsDoubleWidget::showLabel(bool show) { label_widget->setVisible(show); }
 
-void bsDoubleWidget::setLabel(QString label)
-{
-    label_widget->setText(label);
-}
+void bsDoubleWidget::setLabel(QString label) { label_widget->setText(label); }
 
-void bsDoubleWidget::setLabelFont(QFont font)
-{
-    label_widget->setFont(font);
-}
+void bsDoubleWidget::setLabelFont(QFont font) { label_widget->setFont(font); }
 
-void bsDoubleWidget::setSuffix(QString suffix)
-{
-    spin_box->setSuffix(suffix);
-}
+void bsDoubleWidget::setSuffix(QString suffix) { spin_box->setSuffix(suffix); }
 
-void bsDoubleWidget::setDecimals(int decimals)
-{
-    spin_box->setDecimals(decimals);
-}
+void bsDoubleWidget::setDecimals(int decimals) { spin_box->setDecimals(decimals); }
 
 void bsDoubleWidget::setValue(double value)
 {

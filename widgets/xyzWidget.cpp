@@ -5,7 +5,8 @@
 
 #include <cmath>
 
-namespace {
+namespace
+{
 
 const double smallest_change = 1e-05;
 
@@ -31,11 +32,7 @@ void replace_layout(QWidget* widget, bool horizontal)
 
 xyzWidget::xyzWidget(QWidget* parent, bsDoubleMode mode, double minimum, double maximum,
                      bool wrapping)
-    : QWidget(parent),
-      group_box(nullptr),
-      x_widget(nullptr),
-      y_widget(0),
-      z_widget(0),
+    : QWidget(parent), group_box(nullptr), x_widget(nullptr), y_widget(0), z_widget(0),
       horizontal(true)
 {
     create(mode, minimum, maximum, wrapping);
@@ -70,40 +67,19 @@ void xyzWidget::adopt(bsDoubleWidget* child, const QString& label, const QColor&
     layout()->addWidget(child);
 }
 
-double xyzWidget::xValue() const
-{
-    return x_widget->value();
-}
+double xyzWidget::xValue() const { return x_widget->value(); }
 
-double xyzWidget::yValue() const
-{
-    return y_widget->value();
-}
+double xyzWidget::yValue() const { return y_widget->value(); }
 
-double xyzWidget::zValue() const
-{
-    return z_widget->value();
-}
+double xyzWidget::zValue() const { return z_widget->value(); }
 
-QString xyzWidget::xLabel() const
-{
-    return x_widget->label();
-}
+QString xyzWidget::xLabel() const { return x_widget->label(); }
 
-QString xyzWidget::yLabel() const
-{
-    return y_widget->label();
-}
+QString xyzWidget::yLabel() const { return y_widget->label(); }
 
-QString xyzWidget::zLabel() const
-{
-    return z_widget->label();
-}
+QString xyzWidget::zLabel() const { return z_widget->label(); }
 
-bool xyzWidget::getLayoutHorizontal() const
-{
-    return horizontal;
-}
+bool xyzWidget::getLayoutHorizontal() const { return horizontal; }
 
 void xyzWidget::setSuffix(QString suffix)
 {
@@ -157,15 +133,9 @@ void xyzWidget::addChildrenTo(QLayout* layout)
         layout->addWidget(child);
 }
 
-void xyzWidget::setGroupTitle(QString title)
-{
-    group_box->setTitle(title);
-}
+void xyzWidget::setGroupTitle(QString title) { group_box->setTitle(title); }
 
-QString xyzWidget::groupTitle() const
-{
-    return group_box->title();
-}
+QString xyzWidget::groupTitle() const { return group_box->title(); }
 
 void xyzWidget::setValues(double x, double y, double z)
 {
@@ -188,20 +158,11 @@ void xyzWidget::adjustValues(double x, double y, double z)
     setValues(xValue() + x, yValue() + y, zValue() + z);
 }
 
-void xyzWidget::setXValue(double value)
-{
-    x_widget->setValue(value);
-}
+void xyzWidget::setXValue(double value) { x_widget->setValue(value); }
 
-void xyzWidget::setYValue(double value)
-{
-    y_widget->setValue(value);
-}
+void xyzWidget::setYValue(double value) { y_widget->setValue(value); }
 
-void xyzWidget::setZValue(double value)
-{
-    z_widget->setValue(value);
-}
+void xyzWidget::setZValue(double value) { z_widget->setValue(value); }
 
 void xyzWidget::setLabels(QString xLabel, QString yLabel, QString zLabel)
 {
@@ -210,20 +171,11 @@ void xyzWidget::setLabels(QString xLabel, QString yLabel, QString zLabel)
     z_widget->setLabel(zLabel);
 }
 
-void xyzWidget::setXLabel(QString label)
-{
-    x_widget->setLabel(label);
-}
+void xyzWidget::setXLabel(QString label) { x_widget->setLabel(label); }
 
-void xyzWidget::setYLabel(QString label)
-{
-    y_widget->setLabel(label);
-}
+void xyzWidget::setYLabel(QString label) { y_widget->setLabel(label); }
 
-void xyzWidget::setZLabel(QString label)
-{
-    z_widget->setLabel(label);
-}
+void xyzWidget::setZLabel(QString label) { z_widget->setLabel(label); }
 
 void xyzWidget::reset()
 {
@@ -243,37 +195,16 @@ void xyzWidget::setLayoutHorizontal(bool horizontal)
     layout()->addWidget(z_widget);
 }
 
-void xyzWidget::setXRange(double minimum, double maximum)
-{
-    x_widget->setRange(minimum, maximum);
-}
+void xyzWidget::setXRange(double minimum, double maximum) { x_widget->setRange(minimum, maximum); }
 
-void xyzWidget::setYRange(double minimum, double maximum)
-{
-    y_widget->setRange(minimum, maximum);
-}
+void xyzWidget::setYRange(double minimum, double maximum) { y_widget->setRange(minimum, maximum); }
 
-void xyzWidget::setZRange(double minimum, double maximum)
-{
-    z_widget->setRange(minimum, maximum);
-}
+void xyzWidget::setZRange(double minimum, double maximum) { z_widget->setRange(minimum, maximum); }
 
-void xyzWidget::setXWrapping(bool wrapping)
-{
-    x_widget->setWrapping(wrapping);
-}
+void xyzWidget::setXWrapping(bool wrapping) { x_widget->setWrapping(wrapping); }
 
-void xyzWidget::setYWrapping(bool wrapping)
-{
-    y_widget->setWrapping(wrapping);
-}
+void xyzWidget::setYWrapping(bool wrapping) { y_widget->setWrapping(wrapping); }
 
-void xyzWidget::setZWrapping(bool wrapping)
-{
-    z_widget->setWrapping(wrapping);
-}
+void xyzWidget::setZWrapping(bool wrapping) { z_widget->setWrapping(wrapping); }
 
-void xyzWidget::xyzChanged(double)
-{
-    emit valueChanged(xValue(), yValue(), zValue());
-}
+void xyzWidget::xyzChanged(double) { emit valueChanged(xValue(), yValue(), zValue()); }

@@ -11,7 +11,8 @@
 #include <cstdlib>
 #include <utility>
 
-namespace {
+namespace
+{
 
 constexpr int demo_failed = 1;
 constexpr int grace = 10; // s between the orderly end at the time limit and the hard one
@@ -25,8 +26,7 @@ void Demo::prepare(Options* options)
 }
 
 Demo::Demo(Session& session, const Options& options)
-    : options(options),
-      person(session.controller().host(), session.controller().port()),
+    : options(options), person(session.controller().host(), session.controller().port()),
       scenario(stepper, person, session.mainWindow(), options.screenshot_folder)
 {
     connect(&session.controller(), &ControllerLink::exchanged, this, &Demo::noticeExchange);
@@ -76,8 +76,8 @@ void Demo::noticeExchange(const Exchange& exchange)
     const bool changes = exchange.request.startsWith("set ") || exchange.request.startsWith("do ");
     if (!changes)
         return;
-    const QString text = QString::fromLatin1(exchange.request) +
-                         (exchange.reply.ok() ? QString() : QStringLiteral("   (failed)"));
+    const QString text = QString::fromLatin1(exchange.request)
+                         + (exchange.reply.ok() ? QString() : QStringLiteral("   (failed)"));
     if (sent.isEmpty() || sent.last().text != text)
         sent.append({text, 0});
     ++sent.last().times;

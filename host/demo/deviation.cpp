@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <limits>
 
-namespace {
+namespace
+{
 
 constexpr double radians_per_degree = 3.14159265358979323846 / 180.0;
 constexpr double shown_rounding = 0.005; // mm and degrees: values are shown with two decimals

@@ -29,7 +29,8 @@
 #include <cstdio>
 #include <thread>
 
-namespace {
+namespace
+{
 
 const QString adjustment = QStringLiteral("RoomAdjustmentDlgClass");
 const QString matching = QStringLiteral("AbcMatchingDialogClass");
@@ -83,10 +84,7 @@ bool is_enabled(const QString& window, const char* button)
     return driver::find<QPushButton>(window, QLatin1String(button)).isEnabled();
 }
 
-QTabWidget& tabs()
-{
-    return driver::find<QTabWidget>(adjustment, QStringLiteral("tabWidget"));
-}
+QTabWidget& tabs() { return driver::find<QTabWidget>(adjustment, QStringLiteral("tabWidget")); }
 
 QTableWidget& reference_table()
 {
@@ -281,8 +279,9 @@ bool Scenario::referenceTableHoldsPoints() const
         for (int column = 0; column < 3; ++column) {
             const double coordinate =
                 points[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
-            same = same && table.item(row, column)->text() ==
-                               QString::number(coordinate, 'f', shown_decimals);
+            same = same
+                   && table.item(row, column)->text()
+                          == QString::number(coordinate, 'f', shown_decimals);
         }
     return same;
 }
@@ -372,15 +371,17 @@ void Scenario::checkControllerHoldsFineTab()
         number = -number;
     const std::vector<double> angles = values(angle_boxes);
     const auto rotation = rotation_from_angles(angles[0], angles[1], angles[2]);
-    require(largest_difference(person.parameter("tracking extra_translation"), shift) <
-                translation_fineness,
+    require(largest_difference(person.parameter("tracking extra_translation"), shift)
+                < translation_fineness,
             "the controller's translation is not the one shown");
     require(largest_difference(person.parameter("tracking extra_rotation"),
-                               {rotation.begin(), rotation.end()}) < rotation_fineness,
+                               {rotation.begin(), rotation.end()})
+                < rotation_fineness,
             "the controller's rotation is not the one shown");
-    require(largest_difference(person.parameter("tracking extra_scaling"),
-                               {box(scaling_box).value()}) < scaling_fineness,
-            "the controller's scaling is not the one shown");
+    require(
+        largest_difference(person.parameter("tracking extra_scaling"), {box(scaling_box).value()})
+            < scaling_fineness,
+        "the controller's scaling is not the one shown");
 }
 
 void Scenario::checkPoints(bool print)

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 QString complaint(const QByteArray& request, const QByteArray& reply)
 {

@@ -6,7 +6,8 @@
 
 #include <utility>
 
-namespace {
+namespace
+{
 
 constexpr int tick_interval = 20; // ms
 
@@ -28,10 +29,7 @@ void Stepper::pause(int milliseconds)
     steps.push_back({"pause", {}, is_over, milliseconds + default_limit, true});
 }
 
-void Stepper::setAlarm(std::function<QString()> new_alarm)
-{
-    alarm = std::move(new_alarm);
-}
+void Stepper::setAlarm(std::function<QString()> new_alarm) { alarm = std::move(new_alarm); }
 
 void Stepper::start()
 {

@@ -22,9 +22,11 @@
 #include <QTabWidget>
 #include <QTableWidget>
 
-namespace driver {
+namespace driver
+{
 
-namespace {
+namespace
+{
 
 constexpr int drag_steps = 8;
 constexpr int cell_decimals = 2;
@@ -76,10 +78,7 @@ QLineEdit& cell_editor(QTableWidget& table)
     throw DemoFailure(QStringLiteral("%1 cannot be edited").arg(table.objectName()));
 }
 
-QString plain(QString text)
-{
-    return text.remove(QLatin1Char('&'));
-}
+QString plain(QString text) { return text.remove(QLatin1Char('&')); }
 
 QAction& menu_titled(QMainWindow& main_window, const QString& title)
 {
@@ -124,10 +123,7 @@ QWidget& find_by_class(const QString& window_name, const char* class_name)
     throw DemoFailure(QStringLiteral("%1 has no %2").arg(window_name, QLatin1String(class_name)));
 }
 
-QMessageBox* message_box()
-{
-    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-}
+QMessageBox* message_box() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
 
 void answer(int standard_button)
 {

@@ -20,7 +20,8 @@ class QTableWidget;
 
 /// GUI thread. What is not there, hidden, disabled or behind a modal dialog cannot be worked and
 /// throws DemoFailure, as a person would stop there.
-namespace driver {
+namespace driver
+{
 
 /// A visible top-level widget, or null.
 QWidget* visible_window(const QString& object_name);

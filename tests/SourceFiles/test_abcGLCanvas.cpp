@@ -12,7 +12,8 @@
 #include <functional>
 #include <random>
 
-namespace {
+namespace
+{
 
 const double scale = 4.0;
 
@@ -152,8 +153,8 @@ void TestCanvas::drags_move_the_view()
     QTest::mousePress(&canvas, Qt::MouseButton(button), Qt::KeyboardModifiers(keys), {50, 60});
     send_move(&canvas, QPoint(60, 65));
     QVERIFY(canvas.getViewPosition() == bsVector(0, 0, -300) + bsVector(m[0], m[1], m[2]));
-    QVERIFY(canvas.view.orientation.toMatrix() ==
-            bsMatrix().rotationX(m[3]) * bsMatrix().rotationY(m[4]));
+    QVERIFY(canvas.view.orientation.toMatrix()
+            == bsMatrix().rotationX(m[3]) * bsMatrix().rotationY(m[4]));
     QCOMPARE(stored.count(), drags ? 1 : 0);
     QCOMPARE(canvas.last_x, 60);
     QTest::mouseRelease(&canvas, Qt::MouseButton(button), Qt::KeyboardModifiers(), {60, 65});

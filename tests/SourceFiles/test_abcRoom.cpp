@@ -9,7 +9,8 @@
 #include <random>
 #include <vector>
 
-namespace {
+namespace
+{
 
 RoomAdjustmentData record_of(const bsMatrix& m)
 {
@@ -34,8 +35,8 @@ bsMatrix matrix_of(const RoomAdjustmentData& data)
 
 bsMatrix some_pose()
 {
-    return bsMatrix().translation(100, -20, 3) * bsMatrix().rotationX(20) *
-           bsMatrix().rotationZ(-70);
+    return bsMatrix().translation(100, -20, 3) * bsMatrix().rotationX(20)
+           * bsMatrix().rotationZ(-70);
 }
 
 void move(abcRoom& room, double x)

@@ -10,7 +10,8 @@
 #include <limits>
 #include <vector>
 
-namespace {
+namespace
+{
 
 // Lines and polygons that a drawing makes, read back from OpenGL instead of from pixels.
 struct Feedback
@@ -23,10 +24,7 @@ struct Feedback
 // The volume is a cube of this half size, so that window coordinates can be turned back.
 const double half_size = 10000.0;
 
-bsVector point_at(const GLfloat* values)
-{
-    return (bsVector(values) - 0.5) * (2 * half_size);
-}
+bsVector point_at(const GLfloat* values) { return (bsVector(values) - 0.5) * (2 * half_size); }
 
 // All three return the number of values read.
 int read_line(const GLfloat* token, Feedback& feedback)
@@ -104,10 +102,7 @@ void TestGlUtils::initTestCase()
     widget->makeCurrent();
 }
 
-void TestGlUtils::cleanupTestCase()
-{
-    delete widget;
-}
+void TestGlUtils::cleanupTestCase() { delete widget; }
 
 void TestGlUtils::frame_is_right_handed_for_each_pair()
 {

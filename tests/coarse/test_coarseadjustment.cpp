@@ -34,7 +34,8 @@ void RoomAdjustmentDlg2g::getCooTransAngleValues(double& rx, double& ry, double&
     rz = angles[2];
 }
 
-namespace {
+namespace
+{
 
 const char last_type[] = "roomcal last_coordinate_type";
 const char current_type[] = "roomcal coordinate_type";
@@ -61,8 +62,8 @@ struct Stage
     QString shown()
     {
         const QString boxes = right()->currentText() + ' ' + top()->currentText() + ' ';
-        return get("label_left")->text() + ' ' + boxes + get("label_bottom")->text() + ' ' +
-               get("label_bottom_left")->text() + ' ' + get("label_top_right")->text();
+        return get("label_left")->text() + ' ' + boxes + get("label_bottom")->text() + ' '
+               + get("label_bottom_left")->text() + ' ' + get("label_top_right")->text();
     }
     QImage sketch()
     {

@@ -6,7 +6,8 @@
 #include <array>
 #include <vector>
 
-namespace {
+namespace
+{
 
 // Whole-number 3 by 3 matrices, row by row: the rotations of this unit are exact.
 using Column = std::array<int, 3>;
@@ -52,8 +53,8 @@ int determinant(const Matrix& m)
 {
     int result = 0;
     for (int c = 0; c < 3; ++c)
-        result += m[0][c] *
-                  (m[1][(c + 1) % 3] * m[2][(c + 2) % 3] - m[1][(c + 2) % 3] * m[2][(c + 1) % 3]);
+        result += m[0][c]
+                  * (m[1][(c + 1) % 3] * m[2][(c + 2) % 3] - m[1][(c + 2) % 3] * m[2][(c + 1) % 3]);
     return result;
 }
 

@@ -3,7 +3,8 @@
 
 #include <QtTest/QtTest>
 
-namespace {
+namespace
+{
 
 const int side = 206;
 const char* const pictures[] = {":/background.png", ":/normal.png", ":/powerwall_standing.png",

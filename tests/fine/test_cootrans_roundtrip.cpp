@@ -12,7 +12,8 @@
 
 typedef std::vector<std::string> Log;
 
-namespace {
+namespace
+{
 
 const std::string turned = "0.00000000 1.00000000 0.00000000 -1.00000000 0.00000000 0.00000000 "
                            "0.00000000 0.00000000 1.00000000";
@@ -90,9 +91,9 @@ private slots:
             const std::string failed = find_failed(log);
             QVERIFY2(!failed.empty(), qPrintable(QString::number(failing)));
             // Only a failed write of the old values themselves can leave them changed.
-            const bool restoring_failed = failed.find(turned) != std::string::npos ||
-                                          failed.find("1.000 2.000 3.500") != std::string::npos ||
-                                          failed.find("1.01000") != std::string::npos;
+            const bool restoring_failed = failed.find(turned) != std::string::npos
+                                          || failed.find("1.000 2.000 3.500") != std::string::npos
+                                          || failed.find("1.01000") != std::string::npos;
             if (!restoring_failed)
                 QVERIFY2(holds_the_old_values(controller), failed.c_str());
             QCOMPARE(controller.messages().size(), std::size_t(1));
@@ -147,9 +148,9 @@ private:
 
     static bool holds_the_old_values(FakeController& controller)
     {
-        return controller.values["tracking extra_rotation"] == turned &&
-               controller.values["tracking extra_translation"] == "1.000 2.000 3.500" &&
-               controller.values["tracking extra_scaling"] == "1.01000";
+        return controller.values["tracking extra_rotation"] == turned
+               && controller.values["tracking extra_translation"] == "1.000 2.000 3.500"
+               && controller.values["tracking extra_scaling"] == "1.01000";
     }
 
     static std::string find_failed(const Log& log)

@@ -6,7 +6,8 @@
 #include <cmath>
 #include <cstdio>
 
-namespace {
+namespace
+{
 
 const double hard_angles[] = {0.0,   1e-6,   0.01,  30.0,  44.99, 89.99, 90.0,   90.01,
                               120.5, 179.99, 180.0, -0.01, -30.0, -90.0, -135.0, -179.0};
@@ -28,8 +29,8 @@ void product_of_turns(double (*R)[3], double rx, double ry, double rz)
         double next[3][3];
         for (int r = 0; r < 3; ++r)
             for (int c = 0; c < 3; ++c)
-                next[r][c] = product[r][0] * turn[0][c] + product[r][1] * turn[1][c] +
-                             product[r][2] * turn[2][c];
+                next[r][c] = product[r][0] * turn[0][c] + product[r][1] * turn[1][c]
+                             + product[r][2] * turn[2][c];
         std::copy(&next[0][0], &next[0][0] + 9, &product[0][0]);
     }
     std::copy(&product[0][0], &product[0][0] + 9, &R[0][0]);

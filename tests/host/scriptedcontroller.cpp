@@ -8,7 +8,8 @@
 #include <future>
 #include <memory>
 
-namespace {
+namespace
+{
 
 constexpr int poll_time = 10; // ms
 

@@ -12,7 +12,8 @@
 
 #include <functional>
 
-namespace {
+namespace
+{
 
 constexpr int patience = 5000; // ms
 

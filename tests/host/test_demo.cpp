@@ -11,7 +11,8 @@
 #include <cmath>
 #include <random>
 
-namespace {
+namespace
+{
 
 double rounded(double value, int decimals)
 {

@@ -15,7 +15,8 @@
 #include <clocale>
 #include <memory>
 
-namespace {
+namespace
+{
 
 constexpr int limit = 200; // ms
 

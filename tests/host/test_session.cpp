@@ -9,7 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
+namespace
+{
 
 using Pieces = QList<ScriptedController::Piece>;
 

@@ -91,10 +91,14 @@ private slots:
         QTest::addColumn<QString>("becomes");
         QTest::addColumn<double>("value");
         QTest::addColumn<bool>("complains");
-        QTest::newRow("cut, not rounded") << "12.349" << "12.34" << 12.34 << false;
-        QTest::newRow("a decimal comma") << "-3,5" << "-3.50" << -3.5 << false;
-        QTest::newRow("a word") << "abc" << "0.00" << 0.0 << true;
-        QTest::newRow("nothing") << "" << "0.00" << 0.0 << true;
+        QTest::newRow("cut, not rounded") << "12.349"
+                                          << "12.34" << 12.34 << false;
+        QTest::newRow("a decimal comma") << "-3,5"
+                                         << "-3.50" << -3.5 << false;
+        QTest::newRow("a word") << "abc"
+                                << "0.00" << 0.0 << true;
+        QTest::newRow("nothing") << ""
+                                 << "0.00" << 0.0 << true;
     }
 
     void typing_into_a_cell()
@@ -104,8 +108,7 @@ private slots:
         exec([&] {
             add_reference(1.0, 2.0, 3.0);
             BoxAnswer answer(QMessageBox::Ok);
-            QTableWidgetItem* item =
-                child<QTableWidget>("tableWidget_referencePoints")->item(0, 2);
+            QTableWidgetItem* item = child<QTableWidget>("tableWidget_referencePoints")->item(0, 2);
             item->setText(typed);
             QTEST(item->text(), "becomes");
             QTEST(dialog->getRP(0).z, "value");
@@ -120,8 +123,8 @@ private slots:
     void report_and_ok_follow_every_change()
     {
         exec([this] {
-            const bsVector points[4] = {bsVector(0, 0, 0), bsVector(100, 0, 0),
-                                        bsVector(0, 200, 0), bsVector(0, 0, 300)};
+            const bsVector points[4] = {bsVector(0, 0, 0), bsVector(100, 0, 0), bsVector(0, 200, 0),
+                                        bsVector(0, 0, 300)};
             add_reference(0, 0, 0);
             QCOMPARE(report(), QString(few_message));
             add_reference(100, 0, 0);
@@ -179,9 +182,11 @@ private slots:
             QVERIFY(pose.getColumn(1) == bsVector(-1, 0, 0));
             QVERIFY(bsVector(dialog->getTranslation() - bsVector(1000, -500, 700)).x < 1e-6);
             QVERIFY(dialog->getOrientation().getColumn(3) == bsVector(0, 0, 0));
-            QSignalSpy applied(dialog.get(), SIGNAL(applyTrafoRequest(bsMatrix)));
+            int applied = 0;
+            connect(dialog.get(), &AbcMatchingDialog::applyTrafoRequest,
+                    [&applied](const bsMatrix&) { ++applied; });
             child<QPushButton>("w_applyButton")->click();
-            QCOMPARE(applied.count(), 1);
+            QCOMPARE(applied, 1);
             QVERIFY(!dialog->isVisible());
         });
     }
@@ -221,12 +226,16 @@ private slots:
         QTest::addColumn<QString>("failing");
         QTest::addColumn<QStringList>("items");
         QTest::addColumn<QString>("message");
-        QTest::newRow("both") << "" << "" << QStringList{"M1", "M2"} << "";
-        QTest::newRow("one calibrated") << "b01" << "" << QStringList{"M2"} << "";
+        QTest::newRow("both") << ""
+                              << "" << QStringList{"M1", "M2"} << "";
+        QTest::newRow("one calibrated") << "b01"
+                                        << "" << QStringList{"M2"} << "";
         QTest::newRow("one query fails")
-            << "" << "get measurementtool tip_calibrated b01" << QStringList{"M2"}
+            << ""
+            << "get measurementtool tip_calibrated b01" << QStringList{"M2"}
             << "Error : Unable to get info of tip calibration";
-        QTest::newRow("no number of tools") << "" << "get measurementtool number" << QStringList{}
+        QTest::newRow("no number of tools") << ""
+                                            << "get measurementtool number" << QStringList{}
                                             << "Error : Unable to get number of measurement tools";
     }
 

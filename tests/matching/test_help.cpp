@@ -5,7 +5,8 @@
 #include <QtTest>
 #include <QtWidgets>
 
-namespace {
+namespace
+{
 
 QString words(const QLabel& label)
 {
@@ -14,10 +15,7 @@ QString words(const QLabel& label)
     return document.toPlainText().simplified();
 }
 
-QLabel& label(const QDialog& dialog, const char* name)
-{
-    return *dialog.findChild<QLabel*>(name);
-}
+QLabel& label(const QDialog& dialog, const char* name) { return *dialog.findChild<QLabel*>(name); }
 
 const char* const help_labels[] = {"label", "label_2", "label_3", "label_5", "label_6", "label_4"};
 

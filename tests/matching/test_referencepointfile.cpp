@@ -8,7 +8,8 @@
 #include <fstream>
 #include <sstream>
 
-namespace {
+namespace
+{
 
 QString describe(const std::vector<bsVector>& points)
 {
@@ -242,8 +243,8 @@ void TestReferencePointFile::read_errors_change_nothing()
 void TestReferencePointFile::written_lines_read_back()
 {
     QCOMPARE(reference_point_line(1, "-3.5", "12,345", "x"), QString("1 -3.50 12.34 0.00\n"));
-    const QString lines = reference_point_line(1, "1000.25", "-0.5", "7") +
-                          reference_point_line(2, "+4", "5.75", "6.5");
+    const QString lines = reference_point_line(1, "1000.25", "-0.5", "7")
+                          + reference_point_line(2, "+4", "5.75", "6.5");
     QCOMPARE(read(lines.toLatin1()), QString("1000.25 -0.5 7; 4 5.75 6.5"));
 }
 

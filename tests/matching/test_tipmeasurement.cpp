@@ -130,8 +130,8 @@ private slots:
             << "get measurementtool measurement_duration" << 100 << 2.5 << "";
         QTest::newRow("no tolerance") << "get measurementtool measurement_tip" << 50 << 1.5
                                       << "Error : Unable to get tip tolerance of measurement tool";
-        QTest::newRow("not started") << "do " << 50 << 2.5
-                                     << "Error : Unable to start measurement tool measurement";
+        QTest::newRow("not started")
+            << "do " << 50 << 2.5 << "Error : Unable to start measurement tool measurement";
     }
 
     void what_a_start_says()

@@ -17,7 +17,8 @@
 Q_DECLARE_METATYPE(IOManager*)
 Q_DECLARE_METATYPE(BackendVersions*)
 
-namespace {
+namespace
+{
 
 /// Resident memory of this process in KiB.
 long resident_memory()

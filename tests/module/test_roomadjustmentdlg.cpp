@@ -11,7 +11,8 @@
 
 typedef std::vector<std::string> Log;
 
-namespace {
+namespace
+{
 
 const Log subscriptions = {"subscribe ts", "subscribe 6dmt2", "subscribe 6dmt", "subscribe 6df2",
                            "subscribe 6df"};

@@ -7,7 +7,8 @@
 #include <QtTest/QtTest>
 #include <QtWidgets/QDoubleSpinBox>
 
-namespace {
+namespace
+{
 
 struct Message
 {

@@ -2,7 +2,8 @@
 
 #include <QList>
 
-namespace {
+namespace
+{
 
 QList<double> numbers(const QByteArray& text)
 {
@@ -46,8 +47,8 @@ FrameRecord read_frame(const QByteArray& datagram)
 {
     const QList<QByteArray> lines = datagram.split('\n');
     FrameRecord frame;
-    if (lines.size() != 5 || !lines[0].startsWith("fr ") || !lines[1].startsWith("ts ") ||
-        !lines[2].startsWith("6dmt2 ") || !lines[3].startsWith("6df2 "))
+    if (lines.size() != 5 || !lines[0].startsWith("fr ") || !lines[1].startsWith("ts ")
+        || !lines[2].startsWith("6dmt2 ") || !lines[3].startsWith("6df2 "))
         return frame;
     frame.counter = lines[0].mid(3).toUInt();
     frame.time = lines[1].mid(3).toDouble();

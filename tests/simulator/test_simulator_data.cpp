@@ -7,7 +7,8 @@
 
 using namespace simulator;
 
-namespace {
+namespace
+{
 
 constexpr unsigned int measuring_bit = 1;
 
@@ -119,8 +120,8 @@ void TestSimulatorData::noise_has_the_deviation_asked_for()
     obey(s, {"sim move 1000 -500 250", "do tracking start"});
     const Spread still = measure_spread(s, 0);
     QVERIFY(std::abs(still.deviation - 0.1) < 0.005);
-    QVERIFY(std::abs(still.mean[0] - 1000) < 0.01 && std::abs(still.mean[1] + 500) < 0.01 &&
-            std::abs(still.mean[2] - 250) < 0.01);
+    QVERIFY(std::abs(still.mean[0] - 1000) < 0.01 && std::abs(still.mean[1] + 500) < 0.01
+            && std::abs(still.mean[2] - 250) < 0.01);
 
     obey(s, {"sim noise 0", "sim shake 3"});
     QVERIFY(std::abs(measure_spread(s, 0).deviation - 3.0) < 0.15);

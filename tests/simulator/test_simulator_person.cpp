@@ -7,7 +7,8 @@
 
 using namespace simulator;
 
-namespace {
+namespace
+{
 
 std::vector<double> values(const QByteArray& reply, int count)
 {
@@ -158,9 +159,9 @@ void TestSimulatorPerson::malformed_actions_change_nothing()
 {
     Simulator s({});
     const auto everything = [&] {
-        return s.answer("sim state").text + s.answer("sim tip").text +
-               s.answer("get tracking room c01").text +
-               s.answer("get measurementtool measurement_duration b01").text;
+        return s.answer("sim state").text + s.answer("sim tip").text
+               + s.answer("get tracking room c01").text
+               + s.answer("get measurementtool measurement_duration b01").text;
     };
     const QByteArray before = everything();
     QFETCH(QByteArray, request);

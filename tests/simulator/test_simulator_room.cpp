@@ -7,12 +7,10 @@
 
 using namespace simulator;
 
-namespace {
-
-double length(const Vec3& v)
+namespace
 {
-    return std::sqrt(dot(v, v));
-}
+
+double length(const Vec3& v) { return std::sqrt(dot(v, v)); }
 
 double largest_difference(const Vec3& a, const Vec3& b)
 {
@@ -47,8 +45,9 @@ void TestSimulatorRoom::a_rotation_turns_right_handed_and_keeps_lengths()
     const Mat3 turned = rotation_about(axis, 77.0);
     QVERIFY(is_rotation(turned, 1e-14));
     QVERIFY(largest_difference(turned * axis, axis) < 1e-15);
-    QVERIFY(std::abs(turned(0, 0) + turned(1, 1) + turned(2, 2) -
-                     (1.0 + 2.0 * std::cos(77.0 * std::acos(-1.0) / 180.0))) < 1e-14);
+    QVERIFY(std::abs(turned(0, 0) + turned(1, 1) + turned(2, 2)
+                     - (1.0 + 2.0 * std::cos(77.0 * std::acos(-1.0) / 180.0)))
+            < 1e-14);
 }
 
 void TestSimulatorRoom::only_rotations_pass_as_such_data()
@@ -163,8 +162,8 @@ void TestSimulatorRoom::calibrations_put_axes_and_origin()
     const Pose T_room_world = calibration(type, mount_cameras(6));
     const Vec3 o = {origin[0], origin[1], origin[2]};
     QVERIFY(largest_difference(T_room_world * o, {}) < 1e-9);
-    QVERIFY(largest_difference(T_room_world * (o + Vec3{0, 1, 0}), {above[0], above[1], above[2]}) <
-            1e-9);
+    QVERIFY(largest_difference(T_room_world * (o + Vec3{0, 1, 0}), {above[0], above[1], above[2]})
+            < 1e-9);
     QVERIFY(largest_difference(T_room_world * (o + Vec3{1, 0, 0}), {1, 0, 0}) < 1e-9);
     QVERIFY(is_rotation(T_room_world.rotation, 1e-12));
 }

@@ -7,7 +7,8 @@
 
 using namespace simulator;
 
-namespace {
+namespace
+{
 
 Setup with_version(int major, int minor)
 {
@@ -19,9 +20,9 @@ Setup with_version(int major, int minor)
 /// The setting's three values as they are reported.
 QByteArray settings(Simulator& s)
 {
-    return s.answer("get tracking extra_rotation").text + '|' +
-           s.answer("get tracking extra_translation").text + '|' +
-           s.answer("get tracking extra_scaling").text;
+    return s.answer("get tracking extra_rotation").text + '|'
+           + s.answer("get tracking extra_translation").text + '|'
+           + s.answer("get tracking extra_scaling").text;
 }
 
 const char turned[] = "set tracking extra_rotation 0.36000000 0.48000000 -0.80000000 -0.80000000 "

@@ -13,7 +13,8 @@
 
 using namespace simulator;
 
-namespace {
+namespace
+{
 
 template <typename Button>
 Button* button(const QWidget& window, const QString& text)
@@ -24,10 +25,7 @@ Button* button(const QWidget& window, const QString& text)
     return nullptr;
 }
 
-QImage picture_of(QWidget& widget)
-{
-    return widget.grab().toImage();
-}
+QImage picture_of(QWidget& widget) { return widget.grab().toImage(); }
 
 } // namespace
 

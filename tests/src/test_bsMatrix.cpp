@@ -9,7 +9,8 @@
 #include <limits>
 #include <sstream>
 
-namespace {
+namespace
+{
 
 // Element (r, c) is 10 r + c.
 bsMatrix numbered()

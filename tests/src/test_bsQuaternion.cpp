@@ -6,19 +6,17 @@
 #include <iostream>
 #include <sstream>
 
-namespace {
+namespace
+{
 
 bool is_near(const bsQuaternion& q, double x, double y, double z, double w)
 {
     const double tolerance = 1e-12;
-    return std::fabs(q.x - x) < tolerance && std::fabs(q.y - y) < tolerance &&
-           std::fabs(q.z - z) < tolerance && std::fabs(q.w - w) < tolerance;
+    return std::fabs(q.x - x) < tolerance && std::fabs(q.y - y) < tolerance
+           && std::fabs(q.z - z) < tolerance && std::fabs(q.w - w) < tolerance;
 }
 
-bsMatrix diagonal(double xx, double yy, double zz)
-{
-    return bsMatrix().scaling(xx, yy, zz);
-}
+bsMatrix diagonal(double xx, double yy, double zz) { return bsMatrix().scaling(xx, yy, zz); }
 
 } // namespace
 

@@ -10,7 +10,8 @@
 
 Q_DECLARE_METATYPE(bsVector)
 
-namespace {
+namespace
+{
 
 const double not_a_number = std::numeric_limits<double>::quiet_NaN();
 

@@ -6,7 +6,8 @@
 #include <cstring>
 #include <sstream>
 
-namespace {
+namespace
+{
 
 std::string format_text(const char* format, va_list arguments)
 {

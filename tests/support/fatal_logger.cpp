@@ -7,7 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace {
+namespace
+{
 
 const char* expected_text = nullptr;
 std::atomic<int> expected_count(0);
@@ -60,12 +61,6 @@ ExpectedWarning::ExpectedWarning(const char* text)
     expected_count = 0;
 }
 
-ExpectedWarning::~ExpectedWarning()
-{
-    expected_text = nullptr;
-}
+ExpectedWarning::~ExpectedWarning() { expected_text = nullptr; }
 
-int ExpectedWarning::count() const
-{
-    return expected_count;
-}
+int ExpectedWarning::count() const { return expected_count; }

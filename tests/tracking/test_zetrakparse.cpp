@@ -10,7 +10,8 @@
 
 using namespace ZetrakSDK_Parse;
 
-namespace {
+namespace
+{
 
 const int failed = -1; // where a position would stand
 
@@ -33,8 +34,8 @@ bool reads_as_strtod(char* text)
     float narrow = 1.0f;
     char* const behind = string_get_d(text, &value);
     char* const behind_narrow = string_get_f(text, &narrow);
-    return (behind ? behind : text) == end && behind == behind_narrow &&
-           same_bits(value, expected) && same_bits(narrow, static_cast<float>(expected));
+    return (behind ? behind : text) == end && behind == behind_narrow && same_bits(value, expected)
+           && same_bits(narrow, static_cast<float>(expected));
 }
 
 bool reads_as_strtol(char* text)
@@ -46,8 +47,8 @@ bool reads_as_strtol(char* text)
     unsigned unsigned_value = 1;
     char* const behind = string_get_i(text, &value);
     char* const behind_unsigned = string_get_ui(text, &unsigned_value);
-    return (behind ? behind : text) == end && behind == behind_unsigned && value == expected &&
-           unsigned_value == expected_unsigned;
+    return (behind ? behind : text) == end && behind == behind_unsigned && value == expected
+           && unsigned_value == expected_unsigned;
 }
 
 // Number texts of every length and shape that the conversions tell apart.

@@ -8,7 +8,8 @@
 
 using namespace ZetrakSDK_Datatypes;
 
-namespace {
+namespace
+{
 
 // Makes the counts and the storage visible.
 class OpenParser : public ZetrakParser
@@ -22,8 +23,8 @@ public:
 
     std::size_t storage() const
     {
-        return body.size() + wandstick.size() + meatool.size() + mearef.size() + hand.size() +
-               human.size() + inertial.size() + marker.size();
+        return body.size() + wandstick.size() + meatool.size() + mearef.size() + hand.size()
+               + human.size() + inertial.size() + marker.size();
     }
 
     // Number of the kind, then id and quality (state of an inertial body, joints of a human model)
@@ -404,8 +405,8 @@ void TestZetrakParser::the_end_of_a_frame_adds_untracked_records()
 void TestZetrakParser::records_are_null_outside_their_number()
 {
     OpenParser parser;
-    QVERIFY(parse(parser, "6d 1 [1 1]@") && parse(parser, "3d 2 [1 1]#[2 1]#") &&
-            parse(parser, "3d 1 [1 1]#"));
+    QVERIFY(parse(parser, "6d 1 [1 1]@") && parse(parser, "3d 2 [1 1]#[2 1]#")
+            && parse(parser, "3d 1 [1 1]#"));
     QVERIFY(parser.getBody(1) && !parser.getBody(2) && !parser.getBody(-1));
     QVERIFY(parser.getMarker(0) && !parser.getMarker(1));
     parser.num_marker = 3; // more than is stored

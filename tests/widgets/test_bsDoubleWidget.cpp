@@ -8,7 +8,8 @@
 
 #include <qwt_wheel.h>
 
-namespace {
+namespace
+{
 
 // Counts the three signals and keeps the order in which they came.
 class Recorder : public QObject

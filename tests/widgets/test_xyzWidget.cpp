@@ -5,7 +5,8 @@
 
 #include <qwt_wheel.h>
 
-namespace {
+namespace
+{
 
 class Widget : public xyzWidget
 {
