@@ -146,11 +146,11 @@ void TestSession::simulator_must_say_where_it_listens_data()
 {
     QTest::addColumn<QString>("script");
     QTest::addColumn<int>("port");
-    QTest::newRow("as agreed") << "echo listening 127.0.0.1:40123; sleep 20" << 40123;
-    QTest::newRow("in two parts") << "printf 'listening 127.0'; sleep 0.1; echo .0.1:99; sleep 20"
-                                  << 99;
-    QTest::newRow("nonsense") << "echo hello; sleep 20" << 0;
-    QTest::newRow("no port") << "echo listening 127.0.0.1:0; sleep 20" << 0;
+    QTest::newRow("as agreed") << "echo listening 127.0.0.1:40123; exec sleep 20" << 40123;
+    QTest::newRow("in two parts")
+        << "printf 'listening 127.0'; sleep 0.1; echo .0.1:99; exec sleep 20" << 99;
+    QTest::newRow("nonsense") << "echo hello; exec sleep 20" << 0;
+    QTest::newRow("no port") << "echo listening 127.0.0.1:0; exec sleep 20" << 0;
     QTest::newRow("ends at once") << "exit 1" << 0;
 }
 
