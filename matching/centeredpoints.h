@@ -17,10 +17,10 @@ struct CenteredPoints
     double least_trace(double ceiling, double tolerance) const;
 
     int n;
-    double unit;                                ///< multiply a length by this to get it in here
-    double reference[trafo3d_max_points][3];    ///< a_i
-    double measured[trafo3d_max_points][3];     ///< b_j
-    double measured_x[trafo3d_max_points]; ///< the same by coordinate
+    double unit;                             ///< multiply a length by this to get it in here
+    double reference[trafo3d_max_points][3]; ///< a_i
+    double measured[trafo3d_max_points][3];  ///< b_j
+    double measured_x[trafo3d_max_points];   ///< the same by coordinate
     double measured_y[trafo3d_max_points];
     double measured_z[trafo3d_max_points];
     double reference_square[trafo3d_max_points]; ///< |a_i|^2

@@ -17,8 +17,12 @@ double upper_edge(float value)
 } // namespace
 
 OrderContest::OrderContest(const double (*reference)[3], const double (*measured)[3], int n_)
-    : n(n_), m_measured(measured), m_succeeded(false), m_best(0.0f),
-      m_ceiling(std::numeric_limits<double>::infinity()), m_has_below(false)
+    : n(n_),
+      m_measured(measured),
+      m_succeeded(false),
+      m_best(0.0f),
+      m_ceiling(std::numeric_limits<double>::infinity()),
+      m_has_below(false)
 {
     std::memcpy(m_target, reference, n * sizeof m_target[0]);
     for (int j = 0; j < n; ++j) {
@@ -115,4 +119,3 @@ bool OrderContest::is_known(const int* order)
     std::memcpy(entry, order, n * sizeof order[0]);
     return false;
 }
-

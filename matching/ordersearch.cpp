@@ -65,9 +65,10 @@ public:
 private:
     TripleShape shape(const int* triple);
     bool has_sound_triples();
-    void enter_doubtful_orders();
-    void enter_orders_until_success();
-    template <typename Action> void for_each_triple(Action action);
+    bool has_success() const { return m_contest.ceiling() < infinity; }
+    void enter_orders_from(TripleShape least_shape, TripleShape most_shape, bool until_success);
+    template <typename Action>
+    void for_each_triple(Action action);
 
     const double (*m_measured)[3];
     const int n;
@@ -86,9 +87,11 @@ double rigid_tolerance(const CenteredPoints& points)
 }
 
 OrderSearch::OrderSearch(const double (*reference)[3], const double (*measured)[3], int n_)
-    : m_measured(measured), n(n_),
+    : m_measured(measured),
+      n(n_),
       m_reference_is_well_shaped(is_well_shaped(reference[0], reference[1], reference[2])),
-      m_points(reference, measured, n_), m_contest(reference, measured, n_),
+      m_points(reference, measured, n_),
+      m_contest(reference, measured, n_),
       m_tolerance(rigid_tolerance(m_points))
 {
     std::memcpy(m_first_reference, reference, sizeof m_first_reference);
@@ -106,7 +109,8 @@ TripleShape OrderSearch::shape(const int* triple)
 }
 
 /// Calls action(triple) for all triples of different measured points until it returns false.
-template <typename Action> void OrderSearch::for_each_triple(Action action)
+template <typename Action>
+void OrderSearch::for_each_triple(Action action)
 {
     int t[triple_size];
     for (t[0] = 0; t[0] < n; ++t[0])
@@ -126,38 +130,30 @@ bool OrderSearch::has_sound_triples()
     return found;
 }
 
-void OrderSearch::enter_doubtful_orders()
+void OrderSearch::enter_orders_from(TripleShape least_shape, TripleShape most_shape,
+                                    bool until_success)
 {
     PrefixSearch search(m_points, &m_contest, m_tolerance);
     for_each_triple([&](const int* triple) {
-        if (shape(triple) == doubtful)
-            search.enter_orders(triple, false);
-        return true;
-    });
-}
-
-void OrderSearch::enter_orders_until_success()
-{
-    PrefixSearch search(m_points, &m_contest, m_tolerance);
-    for_each_triple([&](const int* triple) {
-        if (shape(triple) != degenerate)
-            search.enter_orders(triple, true);
-        return m_contest.ceiling() == infinity;
+        const TripleShape found = shape(triple);
+        if (found >= least_shape && found <= most_shape)
+            search.enter_orders(triple, until_success);
+        return !(until_success && has_success());
     });
 }
 
 bool OrderSearch::run(int* order)
 {
-    RotationSearch rotations(m_points, &m_contest, m_tolerance);
     const bool any_sound = has_sound_triples();
+    RotationSearch rotations(m_points, &m_contest, m_tolerance);
     if (any_sound)
         rotations.enter_good_orders();
-    if (m_contest.ceiling() == infinity)
-        enter_orders_until_success();
-    if (any_sound && m_contest.ceiling() < infinity)
-        rotations.enter_orders_below(infinity);
-    if (m_contest.ceiling() < infinity)
-        enter_doubtful_orders();
+    if (!has_success())
+        enter_orders_from(doubtful, sound, true);
+    if (has_success()) {
+        const bool done = !any_sound || rotations.enter_orders_within_reach();
+        enter_orders_from(doubtful, done ? doubtful : sound, false);
+    }
     return m_contest.winner(order);
 }
 

@@ -11,8 +11,8 @@ void jacobi_step(double (*A)[4], double (*V)[4], int p, int q)
     if (A[p][q] == 0.0)
         return;
     const double theta = (A[q][q] - A[p][p]) / (2.0 * A[p][q]);
-    const double t = (theta < 0.0 ? -1.0 : 1.0) /
-                     (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
+    const double t =
+        (theta < 0.0 ? -1.0 : 1.0) / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
     const double c = 1.0 / std::sqrt(t * t + 1.0);
     const double s = t * c;
     for (int k = 0; k < 4; ++k) {

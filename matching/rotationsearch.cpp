@@ -17,12 +17,45 @@ const double list_cosine = 0.9;            // longer edges leave too many orders
 const double smallest_cosine = 1.0 - 1e-9; // halving shorter edges gains nothing any more
 const int list_steps = 400;                // before halving is thought cheaper
 
+double determinant(const double* a, const double* b, const double* c, const double* d)
+{
+    double sum = 0.0;
+    for (int r = 0; r < 4; ++r) { // by the last vector, the signs alternate
+        const int x = (r + 1) % 4, y = (r + 2) % 4, z = (r + 3) % 4;
+        const double minor = a[x] * (b[y] * c[z] - b[z] * c[y]) -
+                             a[y] * (b[x] * c[z] - b[z] * c[x]) +
+                             a[z] * (b[x] * c[y] - b[y] * c[x]);
+        sum += r % 2 == 0 ? d[r] * minor : -d[r] * minor;
+    }
+    return sum;
+}
+
+/// Whether q or -q is a sum of the four corners with weights that are not negative, but for 1e-6.
+bool is_between(const double* const* corner, const double* q)
+{
+    const double rounding = 1e-6;
+    const double whole = determinant(corner[0], corner[1], corner[2], corner[3]);
+    const double weights[4] = {determinant(q, corner[1], corner[2], corner[3]) / whole,
+                               determinant(corner[0], q, corner[2], corner[3]) / whole,
+                               determinant(corner[0], corner[1], q, corner[3]) / whole,
+                               determinant(corner[0], corner[1], corner[2], q) / whole};
+    const double least = *std::min_element(weights, weights + 4);
+    const double most = *std::max_element(weights, weights + 4);
+    return least >= -rounding || most <= rounding;
+}
+
 } // namespace
 
 RotationSearch::RotationSearch(const CenteredPoints& points, OrderContest* contest,
                                double tolerance)
-    : m_points(points), m_contest(contest), m_tolerance(tolerance), m_extra_ceiling(infinity),
-      m_listing(m_assignment, *contest, points.n), m_cell_product_of(), m_cell_product_count(0)
+    : m_points(points),
+      m_contest(contest),
+      m_tolerance(tolerance),
+      m_work_left(0.0),
+      m_listed(nullptr),
+      m_listing(m_assignment, *contest, points.n),
+      m_cell_product_of(),
+      m_cell_product_count(0)
 {
     // With these a row prefers the nearest point, as it should if the lists fit well.
     for (int j = 0; j < points.n; ++j)
@@ -32,16 +65,30 @@ RotationSearch::RotationSearch(const CenteredPoints& points, OrderContest* conte
 
 void RotationSearch::update_least_trace()
 {
-    m_least_trace = m_points.least_trace(std::min(m_contest->ceiling(), m_extra_ceiling),
-                                         m_tolerance);
+    m_least_trace = m_points.least_trace(m_contest->ceiling(), m_tolerance);
 }
 
 /// Enters an order if it can matter.
-void RotationSearch::visit_order(const int* order)
+void RotationSearch::offer(const int* order)
 {
     double H[3][3];
     cross_covariance(H, m_points, order);
     if (trace_stays_below(H, m_least_trace))
+        return;
+    m_contest->enter(order);
+    update_least_trace();
+}
+
+/// Enters a listed order if it can matter and its best rotation lies in the tetrahedron. If not,
+/// that rotation lies in another one that lists the order, too.
+void RotationSearch::visit_order(const int* order)
+{
+    --m_work_left;
+    double H[3][3];
+    double quaternion[4];
+    cross_covariance(H, m_points, order);
+    if (trace_stays_below(H, m_least_trace) || best_rotation(H, quaternion) < m_least_trace ||
+        !is_between(m_listed->corner, quaternion))
         return;
     m_contest->enter(order);
     update_least_trace();
@@ -105,7 +152,7 @@ void RotationSearch::climb(const double* start)
         trace = best_rotation(product.H, quaternion);
         rotation_product(product.M, quaternion, quaternion);
     } while (trace > former + least_gain && ++round < most_rounds);
-    visit_order(m_assignment.column);
+    offer(m_assignment.column);
 }
 
 void RotationSearch::enter_good_orders()
@@ -138,16 +185,14 @@ RotationSearch::Product* RotationSearch::cell_product(int cell, int k, int l)
     return product;
 }
 
-void RotationSearch::enter_orders_below(double ceiling)
+bool RotationSearch::enter_orders_within_reach()
 {
-    m_extra_ceiling = ceiling;
-    update_least_trace();
-    std::memset(m_cell_product_of, 0, sizeof m_cell_product_of);
-    m_cell_product_count = 0;
+    const double least_work = 2e3;
+    const double fit_work = 5.0;
+    m_work_left = std::max(least_work, fit_work * std::tgamma(m_points.n + 1.0));
     for (int cell = 0; cell < RotationCells::cell_count; ++cell)
         visit_cell(cell);
-    m_extra_ceiling = infinity;
-    update_least_trace();
+    return m_work_left >= 0.0;
 }
 
 void RotationSearch::visit_cell(int cell)
@@ -167,8 +212,9 @@ void RotationSearch::visit_cell(int cell)
 
 void RotationSearch::visit(const Tetrahedron& t)
 {
-    if (!can_reach(t))
+    if (m_work_left < 0.0 || !can_reach(t))
         return;
+    --m_work_left;
     int longest[2] = {0, 0};
     double cosine = 1.0;
     for (int k = 0; k < corners; ++k)
@@ -210,7 +256,7 @@ bool RotationSearch::can_reach(Product* product, const Tetrahedron& t)
         return true;
     solve(product, m_least_trace);
     if (product->is_solved)
-        visit_order(m_assignment.column);
+        offer(m_assignment.column);
     return product->upper > m_least_trace;
 }
 
@@ -245,6 +291,7 @@ void RotationSearch::split(const Tetrahedron& t, int k, int l)
 /// more. Returns false if there may be more that were too many to try.
 bool RotationSearch::list_orders(const Tetrahedron& t, bool at_any_cost)
 {
+    m_listed = &t;
     const int most_steps = at_any_cost ? std::numeric_limits<int>::max() : list_steps;
     for (int k = 0; k < corners; ++k)
         for (int l = 0; l <= k; ++l)

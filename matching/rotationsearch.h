@@ -37,9 +37,9 @@ public:
     /// rotations and best assignments from the most promising corners until they settle.
     void enter_good_orders();
 
-    /// Enters every order that can succeed with a residual up to the contest's ceiling, or up to
-    /// `ceiling` (in the unit of the lists) if that is lower.
-    void enter_orders_below(double ceiling);
+    /// Enters every order that can succeed with a residual up to the contest's ceiling. Returns
+    /// false if it gave up, as so many are within reach that trying all orders takes less time.
+    bool enter_orders_within_reach();
 
 private:
     enum
@@ -85,13 +85,15 @@ private:
     bool list_orders(Product* product, int most_steps);
 
     virtual void visit_order(const int* order);
+    void offer(const int* order);
     void update_least_trace();
 
     const CenteredPoints& m_points;
     OrderContest* m_contest;
     const double m_tolerance;
-    double m_extra_ceiling;
     double m_least_trace;
+    double m_work_left;          // in units of about a microsecond
+    const Tetrahedron* m_listed; // whose orders are being listed
     double m_start_price[trafo3d_max_points];
     Assignment m_assignment;
     OrderListing m_listing;
