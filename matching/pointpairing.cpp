@@ -5,7 +5,8 @@
 #include <cmath>
 #include <cstring>
 
-namespace {
+namespace
+{
 
 const int least_points = 3; // that give a frame
 

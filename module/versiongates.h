@@ -4,7 +4,8 @@
 
 #include "module/backendversions.h"
 
-namespace version_gate {
+namespace version_gate
+{
 
 const VersionGate camera_table = {0, 9};
 const VersionGate extra_transformation = {0, 16};

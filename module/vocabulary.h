@@ -6,7 +6,8 @@
 
 /// The texts are part of the protocol, the number of decimals included, and so is each blank. None
 /// of them is translated. Cameras (`c`) and tools (`b`) are numbered from 1, lengths are mm.
-namespace vocabulary {
+namespace vocabulary
+{
 
 // Commands, sent with `send_command`; the reply is never read.
 const char start_tracking[] = "zetrak2 tracking start";

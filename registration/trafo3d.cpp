@@ -5,7 +5,8 @@
 #include <cmath>
 #include <cstring>
 
-namespace {
+namespace
+{
 
 enum
 {
@@ -20,15 +21,9 @@ const double converged_change = 0.001; // in the unit of the points
 const int max_tries = 10;
 const int max_iterations = 10;
 
-double dot(const double* a, const double* b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
+double dot(const double* a, const double* b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
-double length(const double* a)
-{
-    return std::sqrt(dot(a, a));
-}
+double length(const double* a) { return std::sqrt(dot(a, a)); }
 
 void difference(double* out, const double* a, const double* b)
 {
@@ -268,8 +263,8 @@ int trafo3d_3trafo(double (*T)[4], double (*target)[3], double (*source)[3])
             R[r][c] = Fa[0][r] * Fb[0][c] + Fa[1][r] * Fb[1][c] + Fa[2][r] * Fb[2][c];
     for (int r = 0; r < 3; ++r) {
         std::memcpy(T[r], R[r], sizeof R[r]);
-        T[r][3] = target[0][r] -
-                  (R[r][0] * source[0][0] + R[r][1] * source[0][1] + R[r][2] * source[0][2]);
+        T[r][3] = target[0][r]
+                  - (R[r][0] * source[0][0] + R[r][1] * source[0][1] + R[r][2] * source[0][2]);
         T[3][r] = 0.0;
     }
     T[3][3] = 1.0;

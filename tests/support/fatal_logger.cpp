@@ -7,7 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace {
+namespace
+{
 
 const char* expected_text = nullptr;
 std::atomic<int> expected_count(0);
@@ -15,8 +16,8 @@ QtMessageHandler previous_handler = nullptr;
 
 // What the platform itself may say on a machine without a real display or session.
 const char* const platform_noise[] = {
-    "XDG_RUNTIME_DIR",
-    "propagateSizeHints",
+    "XDG_RUNTIME_DIR", "propagateSizeHints",
+    "SetInputFocus", // a dialog that closed again before the server had mapped it
 };
 
 bool is_platform_noise(const QString& message)
@@ -34,10 +35,10 @@ void handle_message(QtMsgType type, const QMessageLogContext& context, const QSt
             ++expected_count;
             return;
         }
-        if (!is_platform_noise(message)) {
-            std::fprintf(stderr, "unexpected warning: %s\n", qPrintable(message));
-            std::abort();
-        }
+        if (is_platform_noise(message))
+            return;
+        std::fprintf(stderr, "unexpected warning: %s\n", qPrintable(message));
+        std::abort();
     }
     if (previous_handler)
         previous_handler(type, context, message);
@@ -60,12 +61,6 @@ ExpectedWarning::ExpectedWarning(const char* text)
     expected_count = 0;
 }
 
-ExpectedWarning::~ExpectedWarning()
-{
-    expected_text = nullptr;
-}
+ExpectedWarning::~ExpectedWarning() { expected_text = nullptr; }
 
-int ExpectedWarning::count() const
-{
-    return expected_count;
-}
+int ExpectedWarning::count() const { return expected_count; }

@@ -1,0 +1,428 @@
+// Long because it is the script of the demonstration: one function for each of its scenes.
+#include "host/demo/scenario.h"
+
+#include "host/demo/failure.h"
+#include "host/demo/simulatedperson.h"
+#include "host/demo/stepper.h"
+#include "host/demo/widgetdriver.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QDoubleSpinBox>
+#include <QFile>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QPushButton>
+#include <QScreen>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTextEdit>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <thread>
+
+namespace
+{
+
+const QString adjustment = QStringLiteral("RoomAdjustmentDlgClass");
+const QString matching = QStringLiteral("AbcMatchingDialogClass");
+constexpr int coarse_tab = 0;
+constexpr int fine_tab = 1;
+
+// The noise lets the fit work without going beyond the tolerance of a tool.
+constexpr double noise = 0.2;       // mm, standard deviation per axis
+constexpr double frame_rate = 60.0; // Hz
+constexpr int settle_time = 250;    // ms, until the view has caught up with what was done
+constexpr std::chrono::milliseconds hold_time(50); // for which a button is pressed
+constexpr int measurement_limit = 20000;           // ms
+constexpr std::size_t most_points = 6;             // all orders of the points are tried
+constexpr std::size_t fewest_points = 4;
+constexpr int start_ways = 4;
+constexpr int typed_points = 2; // the others come from a file
+constexpr int shown_decimals = 2;
+
+// What the numbers sent may differ from those shown: half a unit of the last decimal, and for the
+// rotation the fineness of the constant between degrees and radians.
+constexpr double translation_fineness = 0.0006;
+constexpr double rotation_fineness = 2e-6;
+constexpr double scaling_fineness = 6e-6;
+
+const std::array<const char*, 3> offset_boxes = {"doubleSpinBox_x", "doubleSpinBox_y",
+                                                 "doubleSpinBox_z"};
+const std::array<const char*, 3> angle_boxes = {"doubleSpinBox_rx", "doubleSpinBox_ry",
+                                                "doubleSpinBox_rz"};
+const char scaling_box[] = "doubleSpinBox_scalingFactor";
+
+QDoubleSpinBox& box(const char* name)
+{
+    return driver::find<QDoubleSpinBox>(adjustment, QLatin1String(name));
+}
+
+std::vector<double> values(const std::array<const char*, 3>& boxes)
+{
+    std::vector<double> numbers;
+    for (const char* name : boxes)
+        numbers.push_back(box(name).value());
+    return numbers;
+}
+
+void click(const QString& window, const char* button)
+{
+    driver::click(driver::find<QPushButton>(window, QLatin1String(button)));
+}
+
+bool is_enabled(const QString& window, const char* button)
+{
+    return driver::find<QPushButton>(window, QLatin1String(button)).isEnabled();
+}
+
+QTabWidget& tabs() { return driver::find<QTabWidget>(adjustment, QStringLiteral("tabWidget")); }
+
+QTableWidget& reference_table()
+{
+    return driver::find<QTableWidget>(matching, QStringLiteral("tableWidget_referencePoints"));
+}
+
+QString report()
+{
+    return driver::find<QTextEdit>(matching, QStringLiteral("w_trafoText")).toPlainText();
+}
+
+QString unexpected_box()
+{
+    const QMessageBox* box = driver::message_box();
+    return box ? QStringLiteral("unexpected message \"%1\"").arg(box->text()) : QString();
+}
+
+void require(bool condition, const char* text)
+{
+    if (!condition)
+        throw DemoFailure(QString::fromUtf8(text));
+}
+
+// Every point in an order that is not the object's, the same at each run.
+std::vector<int> shuffled(int count)
+{
+    std::vector<int> order;
+    for (int i = 0; i < count; ++i)
+        order.push_back(i % 2 ? i / 2 : count - 1 - i / 2);
+    return order;
+}
+
+void print_comparison(const Point& reference, const Point& reported, double deviation,
+                      double allowed)
+{
+    std::printf("  reference (%8.2f %8.2f %8.2f)  reported (%8.2f %8.2f %8.2f)  deviation %.3f mm, "
+                "allowed %.3f mm\n",
+                reference[0], reference[1], reference[2], reported[0], reported[1], reported[2],
+                deviation, allowed);
+}
+
+} // namespace
+
+Scenario::Scenario(Stepper& stepper, SimulatedPerson& person, QMainWindow& main_window,
+                   const QString& screenshot_folder)
+    : stepper(stepper), person(person), main_window(main_window), folder(screenshot_folder)
+{
+}
+
+void Scenario::plan()
+{
+    prepareSimulator();
+    stepper.setAlarm(unexpected_box);
+    planOpening();
+    planCoarse();
+    planFine();
+    planUnsavedQuestion();
+    planReferencePoints();
+    planMeasurements();
+    planResult();
+    planEnd();
+}
+
+void Scenario::prepareSimulator()
+{
+    person.act("shake 0");
+    person.act("noise " + QByteArray::number(noise));
+    person.act("tool 1");
+    points = person.objectPoints();
+    require(points.size() >= fewest_points, "the simulator's object has too few points");
+    points.resize(std::min(points.size(), most_points));
+}
+
+void Scenario::planOpening()
+{
+    const QString menu = QStringLiteral("Calibration");
+    stepper.pause(settle_time);
+    stepper.act("open the menu", [=] { driver::open_menu(main_window, menu); });
+    planPicture("menu");
+    stepper.act("choose the menu entry", [=] {
+        driver::close_menus();
+        driver::menu_entry(main_window, menu, QStringLiteral("Room adjustment")).trigger();
+    });
+    stepper.await("room adjustment dialog", [] { return driver::visible_window(adjustment); });
+}
+
+void Scenario::planCoarse()
+{
+    stepper.await("coarse tab", [] { return tabs().isEnabled() && tabs().currentIndex() == 0; });
+    stepper.act("choose the axis to the right",
+                [] { driver::choose(driver::find<QComboBox>(adjustment, "comboBox_right"), "z"); });
+    stepper.act("choose the axis to the top",
+                [] { driver::choose(driver::find<QComboBox>(adjustment, "comboBox_top"), "-x"); });
+    planPicture("coarse");
+    stepper.act("go to the fine tab", [] { driver::show_tab(tabs(), fine_tab); });
+    stepper.act("compare the angles", [] {
+        const std::vector<double> angles = values(angle_boxes);
+        std::printf("Angles of the coarse tab: %g %g %g\n", angles[0], angles[1], angles[2]);
+        require(angles != std::vector<double>(3, 0.0), "the coarse tab has not set any angle");
+    });
+}
+
+void Scenario::planFine()
+{
+    stepper.act("type an offset", [] {
+        driver::type_number(box("doubleSpinBox_x"), 120.5);
+        driver::type_number(box("doubleSpinBox_y"), -35.25);
+        driver::type_number(box("doubleSpinBox_z"), 80.0);
+    });
+    stepper.act("type an angle", [] { driver::type_number(box("doubleSpinBox_rz"), 12.34); });
+    stepper.act("type a scaling", [] { driver::type_number(box(scaling_box), 1.0125); });
+    stepper.act("turn the view", [] {
+        driver::drag(driver::find_by_class(adjustment, "QGLWidget"), Qt::RightButton,
+                     Qt::ControlModifier, QPoint(60, 40));
+    });
+    planPicture("fine");
+    stepper.act("apply", [] { click(adjustment, "btn_apply"); });
+    stepper.act("compare with the controller", [this] { checkControllerHoldsFineTab(); });
+    stepper.act("go to the coarse tab", [] { driver::show_tab(tabs(), coarse_tab); });
+    stepper.pause(settle_time);
+    stepper.act("go back with a key",
+                [] { driver::press_key(driver::window(adjustment), Qt::Key_F5); });
+    stepper.await("fine tab", [] { return tabs().currentIndex() == fine_tab; });
+}
+
+void Scenario::planUnsavedQuestion()
+{
+    stepper.act("change without applying", [] {
+        driver::type_number(box("doubleSpinBox_y"), 10.0);
+        click(adjustment, "btn_resetScaling");
+    });
+    stepper.act("start matching", [] { click(adjustment, "w_bodyMatchingButton"); });
+    stepper.await("question about unsaved data", [] { return driver::message_box(); });
+    planPicture("question");
+    stepper.act("want to save", [] { driver::answer(QMessageBox::Yes); });
+    stepper.await("end of the question", [] { return !driver::message_box(); });
+    stepper.act("apply", [] { click(adjustment, "btn_apply"); });
+    stepper.act("compare with the controller", [this] { checkControllerHoldsFineTab(); });
+    stepper.act("start matching again", [] { click(adjustment, "w_bodyMatchingButton"); });
+    stepper.await("matching dialog", [] { return driver::visible_window(matching); });
+}
+
+void Scenario::planReferencePoints()
+{
+    for (int row = 0; row < typed_points; ++row)
+        stepper.act("type a reference point", [this, row] {
+            click(matching, "pushButton_addRefPoint");
+            const Point& point = points[static_cast<std::size_t>(row)];
+            for (int column = 0; column < 3; ++column)
+                driver::type_number(reference_table(), row, column,
+                                    point[static_cast<std::size_t>(column)]);
+        });
+    planPicture("typed-points");
+    stepper.act("write a file of reference points", [this] { writePoints(); });
+    stepper.act("load reference points", [] { click(matching, "w_loadButton"); });
+    stepper.await("file dialog", [] {
+        return QApplication::activeModalWidget() != driver::visible_window(matching);
+    });
+    stepper.act("choose the file", [this] { driver::choose_file(pointFile()); });
+    stepper.await("reference points in the table", [this] { return referenceTableHoldsPoints(); });
+    stepper.act("let the order be found", [] {
+        auto& ordered = driver::find<QCheckBox>(matching, "w_orderCheckBox");
+        if (ordered.isChecked())
+            driver::click(ordered);
+    });
+}
+
+QString Scenario::pointFile() const
+{
+    return temporary.filePath(QStringLiteral("reference-points.txt"));
+}
+
+// The numbered form that the matching dialog reads: number, x, y, z.
+void Scenario::writePoints()
+{
+    QFile file(pointFile());
+    require(file.open(QIODevice::WriteOnly), "the file of reference points cannot be written");
+    int number = 0;
+    for (const Point& point : points) {
+        QByteArray line = QByteArray::number(++number);
+        for (double coordinate : point)
+            line += ' ' + QByteArray::number(coordinate, 'f', shown_decimals);
+        file.write(line + '\n');
+    }
+}
+
+bool Scenario::referenceTableHoldsPoints() const
+{
+    const QTableWidget& table = reference_table();
+    bool same = table.rowCount() == static_cast<int>(points.size());
+    for (int row = 0; same && row < table.rowCount(); ++row)
+        for (int column = 0; column < 3; ++column) {
+            const double coordinate =
+                points[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+            same = same
+                   && table.item(row, column)->text()
+                          == QString::number(coordinate, 'f', shown_decimals);
+        }
+    return same;
+}
+
+void Scenario::planMeasurements()
+{
+    int number = 0;
+    for (int point : shuffled(static_cast<int>(points.size())))
+        planMeasurement(number++, point);
+    stepper.await("a transformation", [] { return is_enabled(matching, "w_applyButton"); });
+    stepper.act("print the report", [] { std::printf("\n%s\n", qPrintable(report())); });
+    planPicture("report");
+    stepper.act("accept the transformation", [] { click(matching, "w_applyButton"); });
+    stepper.await("end of matching", [] { return !driver::visible_window(matching); });
+}
+
+void Scenario::planMeasurement(int number, int point)
+{
+    stepper.act("touch a point",
+                [this, point] { person.act("touch " + QByteArray::number(point + 1)); });
+    stepper.pause(settle_time);
+    stepper.await("a tracked tool", [] { return is_enabled(matching, "w_measureButton"); });
+    planStart(number % start_ways);
+    if (number == 0)
+        planPicture("measuring");
+    stepper.await(
+        "measured point", [this, number] { return isMeasured(number + 1); }, measurement_limit);
+}
+
+void Scenario::planStart(int way)
+{
+    switch (way) {
+    case 0:
+        stepper.act("press the measure button", [] { click(matching, "w_measureButton"); });
+        break;
+    case 1:
+        stepper.act("press a button of the tool", [this] { pressForAMoment("tool 1"); });
+        break;
+    case 2:
+        stepper.act("press a button of the Wandstick", [this] { pressForAMoment("stick 0"); });
+        break;
+    default:
+        stepper.act("let the tool start by itself", [this] { person.act("measure"); });
+    }
+}
+
+// A held button asks for a measurement with every data line. The hand lets go on time, even where
+// a slow controller keeps the event loop busy with these.
+void Scenario::pressForAMoment(const QByteArray& button)
+{
+    person.act("press " + button);
+    std::this_thread::sleep_for(hold_time);
+    person.act("release " + button);
+}
+
+bool Scenario::isMeasured(int rows)
+{
+    if (report().startsWith(QLatin1String("Measurement failed")))
+        throw DemoFailure(report());
+    const auto& table = driver::find<QTableWidget>(matching, "tableWidget_measuredPoints");
+    require(table.rowCount() <= rows, "more points were measured than the tool has touched");
+    return table.rowCount() == rows;
+}
+
+void Scenario::planResult()
+{
+    stepper.await("a result to apply", [] { return is_enabled(adjustment, "btn_apply"); });
+    stepper.act("adjust the view", [] { click(adjustment, "w_adjustViewButton"); });
+    planPicture("result");
+    stepper.act("apply the result", [] { click(adjustment, "btn_apply"); });
+    stepper.act("compare with the controller", [this] { checkControllerHoldsFineTab(); });
+    stepper.act("compare with the truth", [this] { checkPoints(true); });
+}
+
+void Scenario::planEnd()
+{
+    stepper.act("close the dialog", [] { click(adjustment, "btn_ok"); });
+    stepper.await("end of the dialog", [] { return !driver::visible_window(adjustment); });
+    planPicture("end");
+    stepper.act("compare with the truth again", [this] { checkPoints(false); });
+}
+
+void Scenario::checkControllerHoldsFineTab()
+{
+    std::vector<double> shift = values(offset_boxes);
+    for (double& number : shift)
+        number = -number;
+    const std::vector<double> angles = values(angle_boxes);
+    const auto rotation = rotation_from_angles(angles[0], angles[1], angles[2]);
+    require(largest_difference(person.parameter("tracking extra_translation"), shift)
+                < translation_fineness,
+            "the controller's translation is not the one shown");
+    require(largest_difference(person.parameter("tracking extra_rotation"),
+                               {rotation.begin(), rotation.end()})
+                < rotation_fineness,
+            "the controller's rotation is not the one shown");
+    require(
+        largest_difference(person.parameter("tracking extra_scaling"), {box(scaling_box).value()})
+            < scaling_fineness,
+        "the controller's scaling is not the one shown");
+}
+
+void Scenario::checkPoints(bool print)
+{
+    const double duration = person.parameter("measurementtool measurement_duration b01").front();
+    const MeasurementLimits limits = {noise, duration * frame_rate,
+                                      static_cast<int>(points.size())};
+    const Pose room_object = person.truePose();
+    double worst = 0.0;
+    bool all_right = true;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        person.act("touch " + QByteArray::number(static_cast<int>(i) + 1));
+        const Point reported = person.tip();
+        const double deviation = distance(reported, points[i]);
+        const double allowed = allowed_deviation(limits, room_object(points[i]));
+        worst = std::max(worst, deviation);
+        all_right = all_right && deviation <= allowed;
+        if (print)
+            print_comparison(points[i], reported, deviation, allowed);
+    }
+    require(all_right, "the points are not where they should be");
+    result = QStringLiteral("the controller reports all points within %1 mm").arg(worst, 0, 'f', 3);
+}
+
+void Scenario::planPicture(const QString& name)
+{
+    if (folder.isEmpty())
+        return;
+    stepper.pause(settle_time);
+    stepper.act("take a picture", [this, name] { takePicture(name); });
+}
+
+void Scenario::takePicture(const QString& name)
+{
+    const QString file = QStringLiteral("%1/%2-%3.png")
+                             .arg(folder)
+                             .arg(++pictures, 2, 10, QLatin1Char('0'))
+                             .arg(name);
+    const QRect area = driver::occupied_area();
+    const QPixmap screen = QApplication::primaryScreen()->grabWindow(0, area.x(), area.y(),
+                                                                     area.width(), area.height());
+    if (!QDir().mkpath(folder) || !screen.save(file))
+        throw DemoFailure(QStringLiteral("%1 cannot be written").arg(file));
+}

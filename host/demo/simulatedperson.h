@@ -1,0 +1,38 @@
+// The hand that holds the tool in the simulator, and what the simulator knows to be true.
+#ifndef HOST_DEMO_SIMULATEDPERSON_H
+#define HOST_DEMO_SIMULATEDPERSON_H
+
+#include "host/controllerlink.h"
+#include "host/demo/deviation.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+/// Speaks over a connection of its own, so that its words do not stand among the module's. What
+/// the simulator refuses throws DemoFailure.
+class SimulatedPerson
+{
+public:
+    SimulatedPerson(const QString& host, quint16 port);
+
+    /// A request behind "sim ", for example "touch 3".
+    void act(const QByteArray& what);
+
+    /// Points of the object, in the object's own coordinates, mm.
+    std::vector<Point> objectPoints();
+    /// Takes points of the object to the calibrated room.
+    Pose truePose();
+    /// Where the controller now reports the tip, without noise, mm.
+    Point tip();
+
+    /// A number or numbers that the controller gives for a parameter.
+    std::vector<double> parameter(const QByteArray& name);
+
+private:
+    std::vector<double> ask(const QByteArray& request);
+
+    ControllerLink link;
+};
+
+#endif

@@ -1,0 +1,192 @@
+#include "host/mainwindow.h"
+
+#include "host/hosticon.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTime>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int message_lines = 500;
+constexpr int traffic_lines = 2000;
+constexpr int fault_level = 1;
+constexpr QSize initial_size(1040, 720);
+
+const char time_format[] = "HH:mm:ss.zzz";
+
+QPlainTextEdit* create_pane(const QString& title, const QString& hint, int lines,
+                            QSplitter* splitter)
+{
+    auto* box = new QWidget(splitter);
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins(6, 6, 6, 0);
+    auto* pane = new QPlainTextEdit(box);
+    pane->setReadOnly(true);
+    pane->setLineWrapMode(QPlainTextEdit::NoWrap);
+    pane->setMaximumBlockCount(lines);
+    pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    pane->setPlaceholderText(hint);
+    auto* label = new QLabel(title, box);
+    label->setBuddy(pane);
+    layout->addWidget(label);
+    layout->addWidget(pane);
+    return pane;
+}
+
+QString reply_text(const Reply& reply)
+{
+    const QString text = QString::fromLatin1(reply.text);
+    switch (reply.outcome) {
+    case Reply::done:
+        return text.isEmpty() ? QStringLiteral("ok") : QStringLiteral("ok  %1").arg(text);
+    case Reply::refused:
+        return QStringLiteral("ERROR  %1").arg(text);
+    case Reply::no_answer:
+        break;
+    }
+    return QStringLiteral("NO ANSWER  %1").arg(text);
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
+{
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowTitle(tr("Tracking Control"));
+    setWindowIcon(host_icon());
+    resize(initial_size);
+    createPanes();
+    createOwnMenus();
+    controller_label = createStatusLabel();
+    data_label = createStatusLabel();
+    mode_label = createStatusLabel();
+    mode_label->hide();
+}
+
+void MainWindow::addElement(const _GuiElement& element)
+{
+    ModuleMenu& place = menuFor(element);
+    const auto next = std::upper_bound(
+        place.elements.begin(), place.elements.end(), element,
+        [](const _GuiElement& a, const _GuiElement& b) { return a.action_rank < b.action_rank; });
+    place.menu->insertAction(next == place.elements.end() ? nullptr : next->action, element.action);
+    place.elements.insert(next, element);
+}
+
+void MainWindow::removeElements()
+{
+    for (const ModuleMenu& place : qAsConst(module_menus))
+        delete place.menu;
+    module_menus.clear();
+}
+
+void MainWindow::addMessage(const QString& category, const QString& source, int level,
+                            const QString& text)
+{
+    QTextCharFormat format;
+    if (level >= fault_level)
+        format.setForeground(QColor(160, 0, 0));
+    messages->setCurrentCharFormat(format);
+    messages->appendPlainText(QStringLiteral("%1  %2 (%3)  %4")
+                                  .arg(QTime::currentTime().toString(QLatin1String(time_format)),
+                                       source, category, text));
+}
+
+void MainWindow::addExchange(const Exchange& exchange)
+{
+    QTextCharFormat format;
+    if (!exchange.reply.ok())
+        format.setForeground(QColor(160, 0, 0));
+    traffic->setCurrentCharFormat(format);
+    traffic->appendPlainText(QStringLiteral("%1  %2  ->  %3  (%4 ms)")
+                                 .arg(exchange.time.toString(QLatin1String(time_format)),
+                                      QString::fromLatin1(exchange.request),
+                                      reply_text(exchange.reply))
+                                 .arg(exchange.milliseconds));
+}
+
+void MainWindow::setControllerText(const QString& text) { controller_label->setText(text); }
+
+void MainWindow::setDataText(const QString& text) { data_label->setText(text); }
+
+void MainWindow::setModeText(const QString& text)
+{
+    mode_label->setText(text);
+    mode_label->setVisible(!text.isEmpty());
+}
+
+void MainWindow::createPanes()
+{
+    auto* splitter = new QSplitter(Qt::Vertical, this);
+    messages = create_pane(tr("M&essages"), tr("Messages of the modules appear here."),
+                           message_lines, splitter);
+    messages->setObjectName(QStringLiteral("messages"));
+    traffic = create_pane(tr("Con&troller traffic"),
+                          tr("Requests to the controller and its replies appear here."),
+                          traffic_lines, splitter);
+    traffic->setObjectName(QStringLiteral("traffic"));
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 3);
+    setCentralWidget(splitter);
+}
+
+void MainWindow::createOwnMenus()
+{
+    QMenu* file_menu = menuBar()->addMenu(tr("&File"));
+    file_menu->addAction(tr("C&lear panes"), this, [this] {
+        messages->clear();
+        traffic->clear();
+    });
+    file_menu->addSeparator();
+    file_menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    help_menu = menuBar()->addMenu(tr("&Help"));
+    help_menu->addAction(tr("&About"), this, &MainWindow::showAbout);
+}
+
+QLabel* MainWindow::createStatusLabel()
+{
+    auto* label = new QLabel(this);
+    label->setContentsMargins(4, 0, 8, 0);
+    statusBar()->addWidget(label);
+    return label;
+}
+
+MainWindow::ModuleMenu& MainWindow::menuFor(const _GuiElement& element)
+{
+    for (ModuleMenu& place : module_menus)
+        if (place.menu->title() == element.menu)
+            return place;
+    auto* menu = new QMenu(element.menu, this);
+    menuBar()->insertMenu(menuAfter(element.menu_rank), menu);
+    const auto next = std::upper_bound(module_menus.begin(), module_menus.end(), element.menu_rank,
+                                       [](int rank, const ModuleMenu& m) { return rank < m.rank; });
+    return *module_menus.insert(next, {menu, element.menu_rank, {}});
+}
+
+QAction* MainWindow::menuAfter(int rank) const
+{
+    for (const ModuleMenu& place : module_menus)
+        if (place.rank > rank)
+            return place.menu->menuAction();
+    return help_menu->menuAction();
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox::about(this, tr("About"),
+                       tr("Front-end for a tracking controller.\n\n"
+                          "Loads modules, passes their texts to the controller and delivers its "
+                          "tracking data to them."));
+}

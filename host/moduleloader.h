@@ -1,0 +1,56 @@
+// A module in a shared library: loads it, hands over what it needs, takes it down in order.
+#ifndef HOST_MODULELOADER_H
+#define HOST_MODULELOADER_H
+
+#include "module/moduleinterface.h"
+
+#include <QPluginLoader>
+#include <QString>
+
+class IOManager;
+class QWidget;
+struct BackendVersions;
+
+/// What a module is given before it is asked for its menu entries. Nothing is owned; everything
+/// must outlive the module.
+struct ModuleContext
+{
+    IOManager* io_manager;
+    QWidget* window;
+    BackendVersions* backend_versions;
+    bool observer;
+};
+
+/// Order of calls: load, configure, elements, about to exit, exit and unload. The destructor makes
+/// up for the last two. GUI thread only.
+class ModuleLoader
+{
+public:
+    ModuleLoader() = default;
+    ~ModuleLoader();
+    ModuleLoader(const ModuleLoader&) = delete;
+    ModuleLoader& operator=(const ModuleLoader&) = delete;
+
+    /// False if the file is not a module for this host; errorText() says why.
+    bool load(const QString& file_name);
+    QString errorText() const { return error; }
+
+    void configure(const ModuleContext& context);
+
+    /// "NAME VERSION".
+    QString title() const;
+    QList<_GuiElement*> elements();
+
+    /// The module's last chance to speak to the controller.
+    void aboutToExit();
+    /// Ends the module and takes the library out of memory. Harmless if there is none.
+    void exitAndUnload();
+
+private:
+    QPluginLoader loader;
+    ModuleInterface* module = nullptr;
+    bool about_to_exit_told = false;
+    QString error;
+};
+
+#endif

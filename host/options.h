@@ -1,0 +1,27 @@
+// What the command line asks the host to do.
+#ifndef HOST_OPTIONS_H
+#define HOST_OPTIONS_H
+
+#include <QString>
+#include <QStringList>
+
+struct Options
+{
+    QString plugin;                ///< file of the module
+    QString simulator;             ///< program to start where no controller is given
+    QStringList simulator_options; ///< passed on as they are
+    QString controller_host;       ///< empty: start a simulator
+    quint16 controller_port = 0;
+    bool observer = false;
+    QString record_file; ///< empty: do not record
+    QString replay_file; ///< empty: deliver the controller's data
+    bool demo = false;
+    QString screenshot_folder; ///< empty: no screenshots
+    int demo_limit = 0;        ///< seconds
+};
+
+/// Reads the arguments; defaults stand next to the running program. Needs a QCoreApplication. Help
+/// and version texts are printed and end the program. False on a mistake, told in `error`.
+bool read_options(const QStringList& arguments, Options* options, QString* error);
+
+#endif

@@ -1,0 +1,73 @@
+// The dialog's two records and their exchange with the controller.
+#include "module/roomadjustmentdlg.h"
+
+#include "module/replytext.h"
+#include "module/versiongates.h"
+#include "module/vocabulary.h"
+
+#include <algorithm>
+
+using vocabulary::show_error;
+
+namespace
+{
+
+/// Reads a text parameter of `count` numbers; `values` becomes `fallback` if that fails.
+void read_numbers(IOManager* io_manager, const char* query, int count, const double* fallback,
+                  double* values)
+{
+    char reply[IOManager::buffer_size] = "";
+    if (io_manager->get_param_string(reply, query) != 0 || !reply_numbers(reply, count, values))
+        std::copy(fallback, fallback + count, values);
+}
+
+bool all_equal(const double* a, const double* b, int count) { return std::equal(a, a + count, b); }
+
+} // namespace
+
+void RoomAdjustmentDlg2g::copyRaData(RoomAdjustmentData& dest, const RoomAdjustmentData& src)
+{
+    dest = src;
+}
+
+void RoomAdjustmentDlg2g::getDataFromZtc(RoomAdjustmentData& data)
+{
+    const RoomAdjustmentData defaults;
+    if (!passes(*backend_versions, version_gate::extra_transformation)) {
+        // The working record, not the one that was passed.
+        ra_data = defaults;
+        return;
+    }
+    read_numbers(io_manager, vocabulary::extra_rotation, 9, defaults.rotation, data.rotation);
+    read_numbers(io_manager, vocabulary::extra_translation, 3, defaults.translation,
+                 data.translation);
+    double scaling = defaults.scaling;
+    if (io_manager->get_param_double(&scaling, vocabulary::extra_scaling) != 0)
+        scaling = defaults.scaling;
+    data.scaling = scaling;
+}
+
+void RoomAdjustmentDlg2g::sendDataToZtc()
+{
+    if (!passes(*backend_versions, version_gate::extra_transformation))
+        return;
+    const double* r = ra_data.rotation;
+    const double* t = ra_data.translation;
+    if (io_manager->set_param_value(vocabulary::set_extra_rotation, r[0], r[1], r[2], r[3], r[4],
+                                    r[5], r[6], r[7], r[8])
+        != 0)
+        show_error(io_manager, vocabulary::cannot_set_adjustment_rotation);
+    if (io_manager->set_param_value(vocabulary::set_extra_translation, t[0], t[1], t[2]) != 0)
+        show_error(io_manager, vocabulary::cannot_set_adjustment_translation);
+    if (io_manager->set_param_value(vocabulary::set_extra_scaling, ra_data.scaling) != 0)
+        show_error(io_manager, vocabulary::cannot_set_adjustment_scaling);
+}
+
+bool RoomAdjustmentDlg2g::raDataChanged()
+{
+    RoomAdjustmentData now;
+    getDataFromZtc(now);
+    return !all_equal(now.rotation, ra_data_saved.rotation, 9)
+           || !all_equal(now.translation, ra_data_saved.translation, 3)
+           || !(now.scaling == ra_data_saved.scaling);
+}

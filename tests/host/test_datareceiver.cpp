@@ -1,0 +1,263 @@
+#include "host/datareceiver.h"
+#include "host/subscriptions.h"
+
+#include "module/requester.h"
+
+#include "tests/support/fatal_logger.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUdpSocket>
+
+#include <functional>
+
+namespace
+{
+
+constexpr int patience = 5000; // ms
+
+// Keeps what it gets, type and line joined by a bar.
+class KeepingRequester : public Requester
+{
+public:
+    int set_ascii_data(const char* line_type, const char* line) override
+    {
+        if (when_called)
+            when_called();
+        const std::lock_guard<std::mutex> lock(mutex);
+        kept.append(QByteArray(line_type) + '|' + line);
+        return 0;
+    }
+    void set_mea_started() override {}
+    void set_mea_stopped() override {}
+
+    QList<QByteArray> lines() const
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return kept;
+    }
+
+    std::function<void()> when_called; ///< set before anything is delivered
+
+private:
+    mutable std::mutex mutex;
+    QList<QByteArray> kept;
+};
+
+void send(const QByteArray& datagram, quint16 port)
+{
+    QUdpSocket socket;
+    QCOMPARE(socket.writeDatagram(datagram, QHostAddress(QHostAddress::LocalHost), port),
+             qint64(datagram.size()));
+}
+
+QString next_report(DataReceiver& receiver)
+{
+    QStringList reports;
+    const bool told =
+        QTest::qWaitFor([&] { return !(reports = receiver.takeReports()).isEmpty(); }, patience);
+    return told ? reports.first() : QString();
+}
+
+} // namespace
+
+class TestDataReceiver : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { install_fatal_logger(); }
+    void only_known_requesters_may_subscribe();
+    void subscribed_lines_arrive_in_order();
+    void torn_lines_are_dropped_data();
+    void torn_lines_are_dropped();
+    void nothing_arrives_after_removal();
+    void requester_may_leave_while_served();
+    void recording_can_be_replayed();
+    void replay_waits_for_listeners();
+    void faults_of_a_replay_are_reported();
+};
+
+void TestDataReceiver::only_known_requesters_may_subscribe()
+{
+    Subscriptions subscriptions;
+    KeepingRequester requester;
+    QVERIFY(subscriptions.add(nullptr) != 0);
+    QVERIFY(subscriptions.subscribe("ts", &requester) != 0);
+    QVERIFY(subscriptions.remove(&requester) != 0);
+    QCOMPARE(subscriptions.add(&requester), 0);
+    QCOMPARE(subscriptions.add(&requester), 0);
+    QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
+    QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
+    subscriptions.deliver("ts 1");
+    QCOMPARE(requester.lines().size(), 1);
+    QCOMPARE(subscriptions.unsubscribe("ts", &requester), 0);
+    QVERIFY(subscriptions.unsubscribe("ts", &requester) != 0);
+    QCOMPARE(subscriptions.subscribe("fr", &requester), 0);
+    QCOMPARE(subscriptions.remove(&requester), 0);
+    QVERIFY(subscriptions.empty());
+}
+
+void TestDataReceiver::subscribed_lines_arrive_in_order()
+{
+    Subscriptions subscriptions;
+    KeepingRequester both;
+    KeepingRequester one;
+    subscriptions.add(&both);
+    subscriptions.add(&one);
+    subscriptions.subscribe("ts", &both);
+    subscriptions.subscribe("6dmt", &both);
+    subscriptions.subscribe("6dmt2", &one);
+    DataReceiver receiver(subscriptions);
+    const quint16 port = receiver.listen();
+    QVERIFY(port != 0);
+    send("fr 1\nts 1.0\n6dmt 0\n6dmt2 0\n", port);
+    send("ts\n6dmt2\tx\nts 2.0\n", port);
+    QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(7), patience);
+    receiver.stop();
+    QCOMPARE(both.lines(), QList<QByteArray>({"ts|ts 1.0", "6dmt|6dmt 0", "ts|ts", "ts|ts 2.0"}));
+    QCOMPARE(one.lines(), QList<QByteArray>({"6dmt2|6dmt2 0"}));
+    QCOMPARE(receiver.counters().frames, quint64(2));
+}
+
+void TestDataReceiver::torn_lines_are_dropped_data()
+{
+    QTest::addColumn<QByteArray>("datagram");
+    QTest::addColumn<QList<QByteArray>>("expected");
+    QTest::addColumn<int>("expected_torn");
+    using Lines = QList<QByteArray>;
+    QTest::newRow("whole") << QByteArray("a\nb\n") << Lines({"a", "b"}) << 0;
+    QTest::newRow("cut") << QByteArray("a\nb") << Lines({"a"}) << 1;
+    QTest::newRow("nothing whole") << QByteArray("a") << Lines() << 1;
+    QTest::newRow("empty lines") << QByteArray("\na\n\n") << Lines({"a"}) << 0;
+    QTest::newRow("empty") << QByteArray() << Lines() << 0;
+}
+
+void TestDataReceiver::torn_lines_are_dropped()
+{
+    QFETCH(QByteArray, datagram);
+    int torn = 0;
+    QTEST(complete_lines(datagram, &torn), "expected");
+    QTEST(torn, "expected_torn");
+}
+
+// The requester is gone after each removal, so a late line is a use after free as well.
+void TestDataReceiver::nothing_arrives_after_removal()
+{
+    Subscriptions subscriptions;
+    std::atomic<bool> flooding{true};
+    std::atomic<int> delivered{0};
+    std::atomic<int> uninvited{0};
+    std::thread flood([&] {
+        while (flooding)
+            subscriptions.deliver("ts 1");
+    });
+    for (int round = 0; round < 200; ++round) {
+        std::atomic<bool> invited{true};
+        KeepingRequester requester;
+        requester.when_called = [&] { ++(invited ? delivered : uninvited); };
+        subscriptions.add(&requester);
+        subscriptions.subscribe("ts", &requester);
+        const int before = delivered;
+        while (delivered == before)
+            std::this_thread::yield();
+        if (round % 2)
+            subscriptions.unsubscribe("ts", &requester);
+        else
+            subscriptions.remove(&requester);
+        invited = false;
+        std::this_thread::yield();
+        subscriptions.remove(&requester);
+    }
+    flooding = false;
+    flood.join();
+    QCOMPARE(uninvited.load(), 0);
+}
+
+void TestDataReceiver::requester_may_leave_while_served()
+{
+    Subscriptions subscriptions;
+    KeepingRequester leaver;
+    KeepingRequester stayer;
+    leaver.when_called = [&] { subscriptions.remove(&leaver), subscriptions.remove(&stayer); };
+    for (KeepingRequester* requester : {&leaver, &stayer}) {
+        subscriptions.add(requester);
+        subscriptions.subscribe("ts", requester);
+    }
+    subscriptions.deliver("ts 1");
+    subscriptions.deliver("ts 2");
+    QCOMPARE(leaver.lines().size(), 1);
+    QCOMPARE(stayer.lines().size(), 0);
+}
+
+void TestDataReceiver::recording_can_be_replayed()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("lines"));
+    Subscriptions subscriptions;
+    {
+        DataReceiver receiver(subscriptions);
+        auto recorder = std::make_unique<Recorder>(file);
+        QVERIFY(recorder->open());
+        receiver.record(std::move(recorder));
+        const quint16 port = receiver.listen();
+        send("ts 1\nfr 1\n", port);
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(2), patience);
+        QTest::qWait(100);
+        send("ts 2\n", port);
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(3), patience);
+    }
+    KeepingRequester requester;
+    subscriptions.add(&requester);
+    subscriptions.subscribe("ts", &requester);
+    DataReceiver receiver(subscriptions);
+    auto reader = std::make_unique<RecordingReader>(file);
+    QVERIFY(reader->open());
+    QElapsedTimer clock;
+    clock.start();
+    receiver.replay(std::move(reader));
+    QTRY_COMPARE_WITH_TIMEOUT(requester.lines(), QList<QByteArray>({"ts|ts 1", "ts|ts 2"}),
+                              patience);
+    QVERIFY(clock.elapsed() >= 100);
+    QVERIFY(next_report(receiver).contains(QStringLiteral("end")));
+}
+
+void TestDataReceiver::replay_waits_for_listeners()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("lines"));
+    {
+        Recorder recorder(file);
+        QVERIFY(recorder.open() && recorder.write(0.0, "ts 1"));
+    }
+    Subscriptions subscriptions;
+    KeepingRequester requester;
+    subscriptions.add(&requester);
+    DataReceiver receiver(subscriptions);
+    auto reader = std::make_unique<RecordingReader>(file);
+    QVERIFY(reader->open());
+    receiver.replay(std::move(reader));
+    QTest::qWait(100);
+    QCOMPARE(receiver.counters().lines, quint64(0));
+    subscriptions.subscribe("ts", &requester);
+    QTRY_COMPARE_WITH_TIMEOUT(requester.lines().size(), 1, patience);
+}
+
+void TestDataReceiver::faults_of_a_replay_are_reported()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("lines")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("tracking data recording 1\nnonsense\n");
+    file.close();
+    Subscriptions subscriptions;
+    DataReceiver receiver(subscriptions);
+    auto reader = std::make_unique<RecordingReader>(file.fileName());
+    QVERIFY(reader->open());
+    receiver.replay(std::move(reader));
+    QVERIFY(next_report(receiver).contains(QStringLiteral("line 2")));
+}
+
+QTEST_GUILESS_MAIN(TestDataReceiver)
+#include "test_datareceiver.moc"

@@ -1,0 +1,240 @@
+// The tip measurement: states, judgement and texts, and what the start asks of the controller.
+#include "tests/support/dialog_driver.h"
+#include "tests/support/fake_controller.h"
+#include "tests/support/fatal_logger.h"
+#include "tests/support/measuring_tool.h"
+
+#include <QtTest/QtTest>
+
+typedef std::vector<std::string> Log;
+
+namespace
+{
+
+const char* const short_failure = "Measurement failed :\nTip moved too much during measurement";
+
+}
+
+class TestTipMeasurement : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { install_fatal_logger(); }
+
+    void init()
+    {
+        controller.reset(new FakeController);
+        versions = backend(1, 20);
+        dialog.reset(new AbcMatchingDialog(controller.get(), &versions, nullptr));
+        // An opening selects tool 1; the data path then works with the dialog closed, too.
+        when_open<AbcMatchingDialog>([](AbcMatchingDialog* open) { open->close(); });
+        dialog->update_and_exec();
+        tool.reset(new MeasuringTool(dialog.get()));
+        controller->log.clear();
+    }
+
+    void judgement_data()
+    {
+        QTest::addColumn<int>("frames");
+        QTest::addColumn<double>("shake");
+        QTest::addColumn<int>("points");
+        QTest::addColumn<QString>("text");
+        const QString few = "Cannot evaluate the transformation : not enough points.";
+        // Duration 1 s and tolerance 1.5 mm, as long as nobody has started by the button.
+        // The time line of the frame that ends it still counts, with the tool's last record.
+        QTest::newRow("full length, still") << 4 << 0.0 << 1 << few;
+        QTest::newRow("a frame too short") << 3 << 0.0 << 0 << short_failure;
+        QTest::newRow("moved") << 6 << 2.0 << 0
+                               << QString(short_failure)
+                                      + ":\n\to Variance = 4.00\n\to Standard deviation = 2.00";
+        QTest::newRow("moved by just the tolerance") << 6 << 1.5 << 1 << few;
+    }
+
+    void judgement()
+    {
+        QFETCH(int, frames);
+        QFETCH(double, shake);
+        tool->buttons = 1;
+        for (int i = 0; i < frames; ++i) {
+            tool->x = 10.0 + (i % 2 ? shake : -shake);
+            feed_once();
+        }
+        tool->buttons = 0;
+        feed_once();
+        QTEST(int(dialog->getMPCount()), "points");
+        QTEST(text(), "text");
+        if (dialog->getMPCount())
+            QVERIFY(std::abs(dialog->getMP(0).x - 10.0) < 1e-12);
+    }
+
+    void one_sample_goes_unreported()
+    {
+        tool->buttons = 1;
+        dialog->set_ascii_data("6dmt2", tool->line().constData());
+        tool->buttons = 0;
+        dialog->set_ascii_data("6dmt2", tool->line().constData());
+        QCOMPARE(text(), QString());
+        QCOMPARE(dialog->getMPCount(), 0u);
+    }
+
+    void a_lost_tool_ends_the_measurement()
+    {
+        tool->buttons = 1;
+        feed_once();
+        feed_once();
+        tool->quality = 0.999;
+        feed_once();
+        QCOMPARE(text(), QString(short_failure));
+        tool->quality = -1.0;
+        feed_once();
+        QCOMPARE(text(), QString(short_failure));
+    }
+
+    void a_held_start_button_pauses_and_asks_with_every_line()
+    {
+        QSignalSpy started(dialog.get(), SIGNAL(startTipMea()));
+        tool->buttons = 1;
+        feed_once();
+        feed_once();
+        tool->buttons = 1 | 4;
+        feed_once();
+        feed_once();
+        QCOMPARE(started.count(), 3); // two tool lines and the time line between them
+        QCOMPARE(text(), QString());
+        tool->buttons = 1;
+        feed_once();
+        tool->buttons = 0;
+        feed_once();
+        QCOMPARE(dialog->getMPCount(), 1u);
+    }
+
+    void a_stick_button_starts_too()
+    {
+        QSignalSpy started(dialog.get(), SIGNAL(startTipMea()));
+        feed_once();
+        const char* const pressed = "6df2 1 1 [0 1.0 2 0][0 0 0][1 0 0 0 1 0 0 0 1][2]";
+        QCOMPARE(dialog->set_ascii_data("6df2", pressed), 0);
+        QCOMPARE(started.count(), 1);
+        QVERIFY(dialog->isWandButtonPressed());
+    }
+
+    void what_a_start_says_data()
+    {
+        QTest::addColumn<QString>("failing");
+        QTest::addColumn<int>("maximum");
+        QTest::addColumn<double>("tolerated");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("all well") << "" << 50 << 2.5 << "";
+        QTest::newRow("no duration is silent")
+            << "get measurementtool measurement_duration" << 100 << 2.5 << "";
+        QTest::newRow("no tolerance") << "get measurementtool measurement_tip" << 50 << 1.5
+                                      << "Error : Unable to get tip tolerance of measurement tool";
+        QTest::newRow("not started")
+            << "do " << 50 << 2.5 << "Error : Unable to start measurement tool measurement";
+    }
+
+    void what_a_start_says()
+    {
+        QFETCH(QString, failing);
+        QFETCH(double, tolerated);
+        QFETCH(QString, message);
+        if (!failing.isEmpty())
+            controller->failing.push_back(failing.toStdString());
+        dialog->on_w_measureButton_clicked();
+        Log said;
+        for (const std::string& entry : controller->log)
+            if (entry.find("message") != 0)
+                said.push_back(entry.substr(0, entry.find(" -> ")));
+        QCOMPARE(said, (Log{"get measurementtool measurement_duration b01",
+                            "get measurementtool measurement_tip_tolerance b01",
+                            "do zetrak2 measurementtool start_measurement b01"}));
+        QTEST(dialog->findChild<QProgressBar*>("progressBar")->maximum(), "maximum");
+        QCOMPARE(controller->messages(), message.isEmpty() ? Log{} : Log{message.toStdString()});
+
+        shaken_measurement(tolerated);
+        QCOMPARE(dialog->getMPCount(), 1u);
+        shaken_measurement(tolerated + 0.01);
+        QCOMPARE(dialog->getMPCount(), 1u);
+    }
+
+    void progress_runs_in_hundredths()
+    {
+        QSignalSpy progress(dialog.get(), SIGNAL(do_updateProgressbar(double)));
+        tool->buttons = 1;
+        feed_once();
+        QCOMPARE(progress.count(), 0);
+        feed_once();
+        QCOMPARE(progress.last()[0].toDouble(), 0.25);
+        QCOMPARE(dialog->findChild<QProgressBar*>("progressBar")->value(), 25);
+        tool->buttons = 0;
+        feed_once();
+        QCOMPARE(progress.last()[0].toDouble(), 0.0);
+    }
+
+    void which_lines_are_looked_at_data()
+    {
+        QTest::addColumn<QString>("line_type");
+        QTest::addColumn<bool>("analysed");
+        QTest::newRow("6dmt2") << "6dmt2" << true;
+        QTest::newRow("6dmt") << "6dmt" << true;
+        QTest::newRow("6dmt with a blank is parsed only") << "6dmt " << false;
+    }
+
+    void which_lines_are_looked_at()
+    {
+        QFETCH(QString, line_type);
+        QSignalSpy progress(dialog.get(), SIGNAL(do_updateProgressbar(double)));
+        QCOMPARE(dialog->set_ascii_data(qPrintable(line_type), tool->line().constData()), 0);
+        QTEST(!progress.isEmpty(), "analysed");
+    }
+
+    void hostile_lines_are_rejected_whole()
+    {
+        QByteArray longest = tool->line();
+        longest += QByteArray(10239 - longest.size(), ' ');
+        QCOMPARE(dialog->set_ascii_data("6dmt2", longest.constData()), 0);
+        QCOMPARE(dialog->set_ascii_data("6dmt2", (longest + ' ').constData()), -2);
+        QCOMPARE(dialog->set_ascii_data("6dmt2", QByteArray(1 << 20, '[').constData()), -2);
+        QCOMPARE(dialog->set_ascii_data("6dmt2", "6dmt2 1 2000000000 "), -2);
+        QCOMPARE(dialog->set_ascii_data("6dmt2", "6dmt2 1 -1 "), -2);
+        QCOMPARE(dialog->set_ascii_data("x", ""), 0);
+    }
+
+    void another_tool_is_not_taken()
+    {
+        controller->values["measurementtool tip_calibrated b01"] = "0";
+        when_open<AbcMatchingDialog>([](AbcMatchingDialog* open) { open->close(); });
+        dialog->update_and_exec();
+        tool->measure(1, 2, 3, 6);
+        QCOMPARE(dialog->getMPCount(), 0u);
+    }
+
+private:
+    QString text() { return dialog->findChild<QTextEdit*>("w_trafoText")->toPlainText(); }
+
+    void feed_once() { QCOMPARE(tool->frame(), 0); }
+
+    void shaken_measurement(double shake)
+    {
+        tool->buttons = 0;
+        feed_once();
+        for (int i = 0; i < 8; ++i) {
+            tool->buttons = 1;
+            tool->x = i % 2 ? shake : -shake;
+            dialog->set_ascii_data("6dmt2", tool->line().constData());
+            tool->time += 0.25;
+            dialog->set_ascii_data("ts", qPrintable(QString("ts %1").arg(tool->time)));
+        }
+        tool->buttons = 0;
+        dialog->set_ascii_data("6dmt2", tool->line().constData());
+    }
+
+    std::unique_ptr<FakeController> controller;
+    BackendVersions versions;
+    std::unique_ptr<AbcMatchingDialog> dialog;
+    std::unique_ptr<MeasuringTool> tool;
+};
+
+QTEST_MAIN(TestTipMeasurement)
+#include "test_tipmeasurement.moc"
