@@ -15,8 +15,8 @@
 namespace
 {
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
+constexpr double endless = std::numeric_limits<double>::infinity();
 
 using Points = Eigen::Matrix<double, 3, Eigen::Dynamic>;
 using Trafo = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
@@ -205,7 +205,7 @@ void TestTrafo3d::degenerate_triples_are_refused_data()
     QTest::newRow("third equals first") << Values{1, 2, 3, 4, 5, 7, 1, 2, 3} << -1;
     QTest::newRow("exactly collinear") << Values{0, 0, 0, 1, 2, 3, 2, 4, 6} << -1;
     QTest::newRow("collinear but for rounding") << Values{0, 0, 0, 1, 2, 3, 2, 4, 6 + 1e-15} << 0;
-    QTest::newRow("not a number") << Values{0, 0, 0, 1, nan, 3, 2, 4, 6} << 0;
+    QTest::newRow("not a number") << Values{0, 0, 0, 1, not_a_number, 3, 2, 4, 6} << 0;
 }
 
 void TestTrafo3d::degenerate_triples_are_refused()
@@ -230,7 +230,7 @@ void TestTrafo3d::start_ignores_scale_and_later_points()
     Points measured = source.points(4, 500.0);
     const Eigen::Isometry3d motion = source.motion(100.0);
     Points reference = motion * Points(3.0 * measured);
-    reference.col(3).setConstant(nan);
+    reference.col(3).setConstant(not_a_number);
     Trafo T;
     QCOMPARE(trafo3d_3trafo(rows(T), rows(reference), rows(measured)), 0);
     QVERIFY((T.topLeftCorner<3, 3>() - motion.linear()).norm() < 1e-12);
@@ -337,7 +337,7 @@ void TestTrafo3d::fit_codes_leave_everything_alone()
     if (kind == 1)
         n = 1;
     if (kind == 2)
-        reference(1, 11) = nan;
+        reference(1, 11) = not_a_number;
     if (kind == 3) // a point's turn from the true place, it cannot settle in ten steps
         trafo3d_3trafo(rows(start), rows(reference), rows(measured));
     for (bool fit_scale : {false, true}) {
@@ -375,8 +375,8 @@ void TestTrafo3d::fast_fit_equals_plain_fit_bit_by_bit_data()
     QTest::newRow("huge") << 1e6 << 0.02 << 0.0;
     QTest::newRow("near overflow") << 1e150 << 0.5 << 0.0;
     QTest::newRow("near underflow") << 1e-155 << 0.5 << 0.0;
-    QTest::newRow("not a number") << 500.0 << 0.02 << nan;
-    QTest::newRow("infinite") << 500.0 << 0.02 << infinity;
+    QTest::newRow("not a number") << 500.0 << 0.02 << not_a_number;
+    QTest::newRow("infinite") << 500.0 << 0.02 << endless;
 }
 
 void TestTrafo3d::fast_fit_equals_plain_fit_bit_by_bit()
