@@ -1,5 +1,7 @@
 #include "registration/trafo3d.h"
 
+#include "registration/stepsystem.h"
+
 #include <cmath>
 #include <cstring>
 
@@ -8,9 +10,7 @@ namespace
 
 enum
 {
-    max_columns = 10,
-    max_parameters = 7,
-    max_rows = 3 * trafo3d_max_points
+    max_parameters = 7
 };
 
 const double rotation_unit = 0.01;   // sine of the angle for a parameter of 1
@@ -80,6 +80,31 @@ double calc_residual(double (*a)[3], double (*b)[3], int n)
     return std::sqrt(sum / n);
 }
 
+/// M = Rx Ry Rz for angles given by their sines; the cosines are taken positive.
+void rotation_from_sines(double (*M)[3], double s1, double s2, double s3)
+{
+    const double c1 = std::sqrt(1.0 - s1 * s1);
+    const double c2 = std::sqrt(1.0 - s2 * s2);
+    const double c3 = std::sqrt(1.0 - s3 * s3);
+    M[0][0] = c2 * c3;
+    M[0][1] = -c2 * s3;
+    M[0][2] = s2;
+    M[1][0] = c1 * s3 + s1 * s2 * c3;
+    M[1][1] = c1 * c3 - s1 * s2 * s3;
+    M[1][2] = -s1 * c2;
+    M[2][0] = s1 * s3 - c1 * s2 * c3;
+    M[2][1] = s1 * c3 + c1 * s2 * s3;
+    M[2][2] = c1 * c2;
+}
+
+/// The 3 x 3 part of out = that of in, multiplied by M from the right.
+void turn(double (*out)[4], double (*in)[4], const double (*M)[3])
+{
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            out[r][c] = in[r][0] * M[0][c] + in[r][1] * M[1][c] + in[r][2] * M[2][c];
+}
+
 /// out = in changed by the small parameters p: the rotation step happens in the source's frame,
 /// the translation step is not rotated.
 int change_trafo(double (*out)[4], double (*in)[4], double* p)
@@ -88,20 +113,9 @@ int change_trafo(double (*out)[4], double (*in)[4], double* p)
         out[r][3] = in[r][3] + translation_unit * p[3 + r];
     std::memcpy(out[3], in[3], sizeof(double[4]));
 
-    const double s1 = rotation_unit * p[0];
-    const double s2 = rotation_unit * p[1];
-    const double s3 = rotation_unit * p[2];
-    const double c1 = std::sqrt(1.0 - s1 * s1);
-    const double c2 = std::sqrt(1.0 - s2 * s2);
-    const double c3 = std::sqrt(1.0 - s3 * s3);
-    const double M[3][3] = {
-        {c2 * c3, -c2 * s3, s2},
-        {c1 * s3 + s1 * s2 * c3, c1 * c3 - s1 * s2 * s3, -s1 * c2},
-        {s1 * s3 - c1 * s2 * c3, s1 * c3 + c1 * s2 * s3, c1 * c2},
-    };
-    for (int r = 0; r < 3; ++r)
-        for (int c = 0; c < 3; ++c)
-            out[r][c] = in[r][0] * M[0][c] + in[r][1] * M[1][c] + in[r][2] * M[2][c];
+    double M[3][3];
+    rotation_from_sines(M, rotation_unit * p[0], rotation_unit * p[1], rotation_unit * p[2]);
+    turn(out, in, M);
 
     if (p[6] != 0.0) {
         const double factor = 1.0 + scale_unit * p[6];
@@ -112,20 +126,62 @@ int change_trafo(double (*out)[4], double (*in)[4], double* p)
     return 0;
 }
 
-/// Displacement of all points under one unit step of each active parameter, as m rows of np.
-void fill_jacobian(double* A, int np, double (*cur)[4], double (*source)[3], double (*now)[3],
-                   int n)
+/// Rotations of the unit steps of parameters 0 to 2, and that of all others, which do not turn.
+struct UnitRotations
 {
-    double trial[4][4];
-    double moved[trafo3d_max_points][3];
-    for (int j = 0; j < np; ++j) {
-        double p[max_parameters] = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-        p[j] = 1.0;
-        change_trafo(trial, cur, p);
-        trafo3d_perform(moved, trial, source, n);
-        for (int i = 0; i < n; ++i)
-            for (int c = 0; c < 3; ++c)
-                A[(3 * i + c) * np + j] = moved[i][c] - now[i][c];
+    double M[4][3][3];
+    UnitRotations()
+    {
+        for (int j = 0; j < 4; ++j)
+            rotation_from_sines(M[j], j == 0 ? rotation_unit : 0.0, j == 1 ? rotation_unit : 0.0,
+                                j == 2 ? rotation_unit : 0.0);
+    }
+};
+
+/// The transformation after one unit step of each parameter, parameter by parameter in `lanes`.
+template <int np>
+struct UnitSteps
+{
+    enum
+    {
+        lanes = StepSystem<np>::lanes
+    };
+
+    double entry[3][4][lanes];
+
+    explicit UnitSteps(double (*cur)[4])
+    {
+        static const UnitRotations rotations;
+        double turned[4][4][4];
+        for (int j = 0; j < 4; ++j)
+            turn(turned[j], cur, rotations.M[j]);
+        for (int r = 0; r < 3; ++r)
+            for (int j = 0; j < lanes; ++j) {
+                const double factor = j == 6 ? 1.0 + scale_unit : 1.0;
+                for (int c = 0; c < 3; ++c)
+                    entry[r][c][j] = turned[j < 3 ? j : 3][r][c] * factor;
+                entry[r][3][j] = cur[r][3] + (j == 3 + r ? translation_unit : 0.0);
+            }
+    }
+};
+
+/// Displacement of all points under one unit step of each parameter, and what they lack to the
+/// target, as 3 n rows.
+template <int np>
+void fill_system(StepSystem<np>* system, double (*cur)[4], double (*target)[3], double (*source)[3],
+                 double (*now)[3], int n)
+{
+    const UnitSteps<np> steps(cur);
+    for (int i = 0; i < n; ++i) {
+        const double x = source[i][0], y = source[i][1], z = source[i][2];
+        for (int c = 0; c < 3; ++c) {
+            const double(*entry)[UnitSteps<np>::lanes] = steps.entry[c];
+            double* row = system->rows[3 * i + c];
+            for (int j = 0; j < UnitSteps<np>::lanes; ++j)
+                row[j] =
+                    entry[0][j] * x + entry[1][j] * y + entry[2][j] * z + entry[3][j] - now[i][c];
+            row[StepSystem<np>::right_side] = target[i][c] - now[i][c];
+        }
     }
 }
 
@@ -138,15 +194,14 @@ void divide_scale_out(double (*T)[4], double* scale)
     *scale = s;
 }
 
+template <int np>
 int opt_trafo(double (*T)[4], double* scale, double (*target)[3], double (*source)[3], int n,
-              double* residual, int fit_scale)
+              double* residual)
 {
-    const int np = fit_scale ? 7 : 6;
     double cur[4][4];
     double trial[4][4];
     double now[trafo3d_max_points][3];
-    double A[max_rows * max_parameters];
-    double b[max_rows];
+    StepSystem<np> system;
 
     std::memcpy(cur, T, sizeof cur);
     trafo3d_perform(now, cur, source, n);
@@ -154,13 +209,9 @@ int opt_trafo(double (*T)[4], double* scale, double (*target)[3], double (*sourc
     double r = old;
 
     for (int iteration = 1;; ++iteration) {
-        for (int i = 0; i < n; ++i)
-            difference(&b[3 * i], target[i], now[i]);
-        fill_jacobian(A, np, cur, source, now, n);
-
+        fill_system(&system, cur, target, source, now, n);
         double p[max_parameters] = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-        double unused_residual;
-        if (linear_lsq_solve(p, b, A, 3 * n, np, &unused_residual) != 0)
+        if (!system.solve(p, 3 * n))
             return -1;
 
         for (int attempt = 1;; ++attempt) {
@@ -183,7 +234,7 @@ int opt_trafo(double (*T)[4], double* scale, double (*target)[3], double (*sourc
         old = r;
     }
 
-    if (fit_scale)
+    if (np == max_parameters)
         divide_scale_out(trial, scale);
     std::memcpy(T, trial, sizeof trial);
     *residual = r;
@@ -191,54 +242,6 @@ int opt_trafo(double (*T)[4], double* scale, double (*target)[3], double (*sourc
 }
 
 } // namespace
-
-int linear_lsq_solve(double* x, double* b, double* A, int m, int n, double* residual)
-{
-    if (n > max_columns)
-        return -1;
-    double d[max_columns];
-
-    for (int k = 0; k < n; ++k) {
-        if (k >= m)
-            return -2;
-        double s = 0.0;
-        for (int i = k; i < m; ++i)
-            s += A[i * n + k] * A[i * n + k];
-        if (s == 0.0)
-            return -2;
-        const double v = A[k * n + k];
-        const double alpha = v < 0.0 ? std::sqrt(s) : -std::sqrt(s);
-        d[k] = alpha;
-        A[k * n + k] = v - alpha;
-        const double beta = 1.0 / (alpha * v - s);
-        for (int j = k + 1; j < n; ++j) {
-            double sum = 0.0;
-            for (int i = k; i < m; ++i)
-                sum += A[i * n + k] * A[i * n + j];
-            const double t = beta * sum;
-            for (int i = k; i < m; ++i)
-                A[i * n + j] += A[i * n + k] * t;
-        }
-        double sum = 0.0;
-        for (int i = k; i < m; ++i)
-            sum += A[i * n + k] * b[i];
-        const double t = beta * sum;
-        for (int i = k; i < m; ++i)
-            b[i] += A[i * n + k] * t;
-    }
-
-    for (int i = n - 1; i >= 0; --i) {
-        double sum = 0.0;
-        for (int j = i + 1; j < n; ++j)
-            sum += A[i * n + j] * x[j];
-        x[i] = (b[i] - sum) / d[i];
-    }
-    double sum = 0.0;
-    for (int i = n; i < m; ++i)
-        sum += b[i] * b[i];
-    *residual = std::sqrt(sum);
-    return 0;
-}
 
 void trafo3d_perform(double (*out)[3], double (*T)[4], double (*in)[3], int n)
 {
@@ -273,5 +276,6 @@ int trafo3d_opttrafo(double (*T)[4], double* scale, double (*target)[3], double 
 {
     if (n > trafo3d_max_points)
         return -1;
-    return opt_trafo(T, scale, target, source, n, residual, scale != nullptr);
+    return scale ? opt_trafo<7>(T, scale, target, source, n, residual)
+                 : opt_trafo<6>(T, scale, target, source, n, residual);
 }
