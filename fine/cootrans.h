@@ -109,8 +109,7 @@ private:
     RoomAdjustmentDlg2g* dialog;
     AbcGLCanvas* gl_canvas;
     RoomAdjustmentData* ra_data;
-    QPointer<AbcMatchingDialog> matching_owner; ///< knows if the Qt parent deleted it first
-    AbcMatchingDialog* matching_dialog;         ///< never changes; read by the data thread
+    AbcMatchingDialog* matching_dialog; ///< never changes; read by the data thread
     bool long_axes_shown;
     bool xy_grid_shown;
     bool yz_grid_shown;
@@ -121,6 +120,7 @@ private:
     double old_scaling;
     double saved_angles[3];
     double saved_pos[3];
+    QPointer<AbcMatchingDialog> matching_owner; ///< knows if the Qt parent deleted it first
 };
 
 #endif

@@ -132,6 +132,8 @@ private slots:
                                                               << "0" << 20;
         QTest::newRow("no cameras") << "camera number_of_cameras"
                                     << "0" << 20;
+        QTest::newRow("a camera that does not answer does not count") << "tracking has_room c02"
+                                                                      << "" << 20;
         QTest::newRow("older: one camera without a room") << "tracking room c02"
                                                           << "none" << 17;
     }
@@ -142,7 +144,10 @@ private slots:
         QFETCH(QString, value);
         QFETCH(int, minor);
         versions = backend(1, minor);
-        controller->values[name.toStdString()] = value.toStdString();
+        if (value.isEmpty())
+            controller->values.erase(name.toStdString());
+        else
+            controller->values[name.toStdString()] = value.toStdString();
         const Log log = exec([this] {
             QVERIFY(!child<QTabWidget>("tabWidget")->isEnabled());
             QVERIFY(!child<QPushButton>("btn_ok")->isEnabled());
@@ -166,6 +171,18 @@ private slots:
             QCOMPARE(child<QTableView>("tableView")->model()->rowCount(), 0);
             dialog->close();
         });
+    }
+
+    void an_old_backend_passes_over_a_camera_that_does_not_answer()
+    {
+        versions = backend(1, 17);
+        controller->values.erase("tracking room c02");
+        exec([this] {
+            QVERIFY(child<QTabWidget>("tabWidget")->isEnabled());
+            dialog->close();
+        });
+        // Only the camera table tells.
+        QCOMPARE(controller->messages(), Log{"Error: Unable to get room cal of camera"});
     }
 
     void a_locked_configuration_shows_but_does_not_let()

@@ -16,6 +16,19 @@ std::string format_text(const char* format, va_list arguments)
     return text;
 }
 
+/// Fills a text buffer to its whole promised size, as a host may: one that is smaller gets hurt.
+void write_text(char* buffer, const char* text)
+{
+    std::memset(buffer, '#', IOManager::buffer_size - 1);
+    buffer[IOManager::buffer_size - 1] = '\0';
+    std::snprintf(buffer, IOManager::buffer_size, "%s", text);
+}
+
+// What a failed operation leaves behind: nobody may take it for an answer.
+const char* const text_of_failure = "mea no none 7 7 7 7 7 7 7 7 7";
+const int int_of_failure = 7;
+const double double_of_failure = 7.0;
+
 bool begins_with(const std::string& text, const std::string& beginning)
 {
     return text.compare(0, beginning.size(), beginning) == 0;
@@ -107,13 +120,13 @@ bool FakeController::answer(const std::string& name, std::string* reply)
 int FakeController::send_command(char* reply, const char* format, ...)
 {
     FORMATTED(text);
+    write_text(reply, "ok");
     if (fails("do " + text))
         return 3;
     if (text == "zetrak2 tracking start")
         values["status active"] = "mea";
     if (text == "zetrak2 tracking stop")
         values["status active"] = "idle";
-    std::strcpy(reply, "ok");
     return 0;
 }
 
@@ -121,46 +134,43 @@ int FakeController::get_param_string(char* value, const char* format, ...)
 {
     FORMATTED(text);
     std::string reply;
-    if (!answer(text, &reply))
-        return -1;
-    std::snprintf(value, buffer_size, "%s", reply.c_str());
-    return 0;
+    const bool answered = answer(text, &reply);
+    write_text(value, answered ? reply.c_str() : text_of_failure);
+    return answered ? 0 : -1;
 }
 
 int FakeController::get_param_int(int* value, const char* format, ...)
 {
     FORMATTED(text);
     std::string reply;
-    if (!answer(text, &reply))
-        return 1;
-    *value = std::stoi(reply);
-    return 0;
+    const bool answered = answer(text, &reply);
+    *value = answered ? std::stoi(reply) : int_of_failure;
+    return answered ? 0 : 1;
 }
 
 int FakeController::get_param_double(double* value, const char* format, ...)
 {
     FORMATTED(text);
     std::string reply;
-    if (!answer(text, &reply))
-        return 1;
-    *value = std::stod(reply);
-    return 0;
+    const bool answered = answer(text, &reply);
+    *value = answered ? std::stod(reply) : double_of_failure;
+    return answered ? 0 : 1;
 }
 
 int FakeController::get_param_bool(bool* value, const char* format, ...)
 {
     FORMATTED(text);
     std::string reply;
-    if (!answer(text, &reply))
-        return 1;
-    *value = reply == "1";
-    return 0;
+    const bool answered = answer(text, &reply);
+    *value = answered ? reply == "1" : true;
+    return answered ? 0 : 1;
 }
 
 int FakeController::get_param_doubles(double* out, int count, const char* format, ...)
 {
     FORMATTED(text);
     std::string reply;
+    std::fill(out, out + count, double_of_failure);
     if (!answer(text, &reply))
         return 1;
     std::istringstream stream(reply);

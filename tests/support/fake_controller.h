@@ -10,7 +10,8 @@
 #include <vector>
 
 /// Starts as a controller with two cameras, a room calibration, two calibrated tools, a licence and
-/// the default extra transformation. A query that `values` does not hold fails.
+/// the default extra transformation. A query that `values` does not hold fails. A failed query
+/// leaves a plausible wrong value behind.
 class FakeController : public IOManager
 {
 public:
