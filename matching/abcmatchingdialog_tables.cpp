@@ -10,6 +10,7 @@ namespace
 
 const int row_height = 22;
 const int columns = 3;
+const int least_last_column = 60; // pixels; a stretched column never gets below its default
 
 void setup_table(QTableWidget* table, const QStringList& headers)
 {
@@ -17,23 +18,34 @@ void setup_table(QTableWidget* table, const QStringList& headers)
     table->setRowCount(0);
     table->setHorizontalHeaderLabels(headers);
     set_sections_clickable(table->horizontalHeader(), false);
+    table->horizontalHeader()->setDefaultSectionSize(least_last_column);
     table->horizontalHeader()->setStretchLastSection(true);
+    // Otherwise a large font makes the rows higher.
+    table->verticalHeader()->setMinimumSectionSize(row_height);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 QString cell_text(double value) { return QString::number(value, 'f', 2); }
+
+/// Also fills a row that lost its cells.
+void set_row(QTableWidget* table, int row, const bsVector& point)
+{
+    const double values[columns] = {point.x, point.y, point.z};
+    for (int column = 0; column < columns; ++column) {
+        if (!table->item(row, column)) {
+            table->setItem(row, column, new QTableWidgetItem);
+            table->item(row, column)->setTextAlignment(Qt::AlignRight);
+        }
+        table->item(row, column)->setText(cell_text(values[column]));
+    }
+}
 
 void append_row(QTableWidget* table, const bsVector& point)
 {
     const int row = table->rowCount();
     table->insertRow(row);
     table->setRowHeight(row, row_height);
-    const double values[columns] = {point.x, point.y, point.z};
-    for (int column = 0; column < columns; ++column) {
-        QTableWidgetItem* item = new QTableWidgetItem(cell_text(values[column]));
-        item->setTextAlignment(Qt::AlignRight);
-        table->setItem(row, column, item);
-    }
+    set_row(table, row, point);
 }
 
 /// Reads a row of cells; false unless all three are numbers.
@@ -88,11 +100,7 @@ void AbcMatchingDialog::addPoint_tableWidget_measuredPoints(const bsVector& poin
 
 void AbcMatchingDialog::setPoint_tableWidget_measuredPoints(const bsVector& point)
 {
-    QTableWidget* table = ui.tableWidget_measuredPoints;
-    const int row = table->currentRow();
-    const double values[columns] = {point.x, point.y, point.z};
-    for (int column = 0; column < columns; ++column)
-        table->item(row, column)->setText(cell_text(values[column]));
+    set_row(ui.tableWidget_measuredPoints, ui.tableWidget_measuredPoints->currentRow(), point);
 }
 
 void AbcMatchingDialog::updateRefPointsVector()

@@ -6,6 +6,7 @@
 #include "tests/support/measuring_tool.h"
 
 #include <QtTest/QtTest>
+#include <QtWidgets/QScrollBar>
 
 #include <stdexcept>
 
@@ -82,6 +83,31 @@ private slots:
             QCOMPARE(dialog->getRPCount(), 1u);
             QVERIFY(dialog->getRP(0) == bsVector(4.0, 5.0, 6.0));
             QVERIFY(!child<QPushButton>("pushButton_removeRefPoint")->isEnabled());
+        });
+    }
+
+    void a_dozen_points_fit_the_width()
+    {
+        exec([this] {
+            for (int i = 0; i < 12; ++i)
+                child<QPushButton>("pushButton_addRefPoint")->click();
+            QTableWidget* table = child<QTableWidget>("tableWidget_referencePoints");
+            QTRY_VERIFY(table->verticalScrollBar()->isVisible());
+            QTRY_VERIFY(!table->horizontalScrollBar()->isVisible());
+            dialog->resize(dialog->minimumSizeHint());
+            QTRY_COMPARE(dialog->size(), dialog->minimumSizeHint());
+            QTRY_VERIFY(!table->horizontalScrollBar()->isVisible());
+        });
+    }
+
+    void a_large_font_leaves_the_row_height()
+    {
+        QFont large = dialog->font();
+        large.setPointSize(24);
+        dialog->setFont(large);
+        exec([this] {
+            add_reference(1.0, 2.0, 3.0);
+            QCOMPARE(child<QTableWidget>("tableWidget_referencePoints")->rowHeight(0), 22);
         });
     }
 
@@ -217,6 +243,22 @@ private slots:
             QCOMPARE(dialog->getMPCount(), 0u);
             QVERIFY(!replace->isEnabled() && !replace->isChecked());
             QVERIFY(!child<QPushButton>("pushButton_clearMeaPoints")->isEnabled());
+        });
+    }
+
+    void a_blanked_row_can_be_replaced()
+    {
+        exec([this] {
+            MeasuringTool tool(dialog.get());
+            QTableWidget* table = child<QTableWidget>("tableWidget_measuredPoints");
+            tool.measure(1, 1, 1);
+            dialog->clearPoints();
+            tool.measure(2, 2, 2);
+            table->setCurrentCell(0, 0);
+            child<QCheckBox>("w_replaceCheckBox")->setChecked(true);
+            tool.measure(3, 3, 3);
+            QVERIFY(dialog->getMP(0) == bsVector(3, 3, 3));
+            QCOMPARE(table->item(0, 2)->text(), QString("3.00"));
         });
     }
 
