@@ -5,8 +5,8 @@
 #include "module/roomadjustmentdlg.h"
 #include "module/versiongates.h"
 #include "module/vocabulary.h"
+#include "widgets/headersections.h"
 
-#include <QHeaderView>
 #include <QStandardItemModel>
 
 #include <algorithm>
@@ -32,15 +32,6 @@ void refill_with_axes(QComboBox* box)
 QString opposite_desc(const QString& desc)
 {
     return desc.startsWith(QLatin1Char('-')) ? desc.mid(1) : QString::fromLatin1("-%1").arg(desc);
-}
-
-void set_clickable(QHeaderView* header, bool clickable)
-{
-#if QT_VERSION >= 0x050000
-    header->setSectionsClickable(clickable);
-#else
-    header->setClickable(clickable);
-#endif
 }
 
 } // namespace
@@ -73,7 +64,7 @@ void CoarseAdjustment::setupTableView()
     const int row_height = 22;
     ui.tableView->verticalHeader()->setDefaultSectionSize(row_height);
     ui.tableView->verticalHeader()->hide();
-    set_clickable(ui.tableView->horizontalHeader(), false);
+    set_sections_clickable(ui.tableView->horizontalHeader(), false);
     ui.tableView->setSelectionMode(QAbstractItemView::NoSelection);
     ui.tableView->setEditTriggers(QAbstractItemView::NoEditTriggers);
 }
