@@ -51,7 +51,8 @@ void rotation_to_angles(const double* words, double& rx, double& ry, double& rz)
 {
     const double(*R)[3] = reinterpret_cast<const double(*)[3]>(words);
     const double K = room_degrees_per_radian;
-    ry = std::asin(R[0][2]) * K;
+    // A foreign value a digit above 1 is a right angle, not a number that does not exist.
+    ry = std::asin(std::max(-1.0, std::min(1.0, R[0][2]))) * K;
     if ((R[1][2] == 0.0 && R[2][2] == 0.0) || (R[0][1] == 0.0 && R[0][0] == 0.0)) {
         rz = 0.0;
         rx = std::atan2(R[2][1], R[1][1]) * K;

@@ -117,7 +117,8 @@ void AbcMatchingDialog::takeSample(const double* location)
 /// Reached by every line without a sample: judges what was collected, if anything, and starts anew.
 void AbcMatchingDialog::finishMeasurement()
 {
-    if (elapsed_time >= measurement_duration)
+    // Without a sample there is nothing to judge, even if the controller names no duration at all.
+    if (elapsed_time >= measurement_duration && !samples.empty())
         judgeMeasurement();
     else if (elapsed_time > 0.0)
         // Too short: the tool was lost, or its flag fell early. The text is the same for all.

@@ -97,6 +97,9 @@ int RoomAdjustmentDlg2g::update_and_exec()
         prepareTabs();
     else
         enableDialog(false, true);
+    // A scaling outside its limits lets the fine tab ask for Apply while it fills its numbers.
+    if (config_locked)
+        ui.btn_apply->setEnabled(false);
     setMinimumHeight(working_minimum_height);
     setMinimumWidth(working_minimum_width);
     start_tracking();

@@ -99,6 +99,14 @@ private slots:
         QCOMPARE(rz, 0.0);
     }
 
+    void a_word_a_digit_above_one_is_a_right_angle()
+    {
+        const double words[9] = {0, 0, 1.00000001, 0, 1, 0, -1, 0, 0};
+        double rx, ry, rz;
+        rotation_to_angles(words, rx, ry, rz);
+        QVERIFY(std::fabs(ry - 90.0) < 1e-4);
+    }
+
     void minus_pi_shows_as_plus_180()
     {
         const double words[9] = {-1, 0, 0, 0, -1, 0, 0, 0, 1};

@@ -78,6 +78,15 @@ private slots:
         QCOMPARE(dialog->getMPCount(), 0u);
     }
 
+    void a_duration_of_zero_does_not_make_points_of_nothing()
+    {
+        controller->values["measurementtool measurement_duration b01"] = "0";
+        dialog->on_w_measureButton_clicked();
+        feed_once();
+        feed_once();
+        QCOMPARE(dialog->getMPCount(), 0u);
+    }
+
     void a_lost_tool_ends_the_measurement()
     {
         tool->buttons = 1;
