@@ -5,7 +5,8 @@
 #include <cstring>
 #include <limits>
 
-namespace {
+namespace
+{
 
 /// Largest double that rounds to this float, or the tie above it, which may round either way.
 double upper_edge(float value)
@@ -17,19 +18,16 @@ double upper_edge(float value)
 } // namespace
 
 OrderContest::OrderContest(const double (*reference)[3], const double (*measured)[3], int n_)
-    : n(n_),
-      m_measured(measured),
-      m_succeeded(false),
-      m_best(0.0f),
-      m_ceiling(std::numeric_limits<double>::infinity()),
-      m_has_below(false)
+    : n(n_), m_measured(measured), m_succeeded(false), m_best(0.0f),
+      m_ceiling(std::numeric_limits<double>::infinity()), m_has_below(false), m_has_twins(false)
 {
     std::memcpy(m_target, reference, n * sizeof m_target[0]);
     for (int j = 0; j < n; ++j) {
         m_twin[j] = j - 1;
-        while (m_twin[j] >= 0 &&
-               std::memcmp(measured[m_twin[j]], measured[j], sizeof measured[j]) != 0)
+        while (m_twin[j] >= 0
+               && std::memcmp(measured[m_twin[j]], measured[j], sizeof measured[j]) != 0)
             --m_twin[j];
+        m_has_twins = m_has_twins || m_twin[j] >= 0;
     }
     for (int k = 0; k < remembered; ++k)
         m_known[k][0] = -1;
@@ -39,10 +37,12 @@ void OrderContest::enter(const int* order)
 {
     Order first;
     spread_twins(first, order, true);
-    double residual;
-    if (is_known(first) || !fit(first, &residual))
+    if (is_known(first))
         return;
-    record(first, residual);
+    std::memcpy(m_known[known_index(first)], first, n * sizeof first[0]);
+    double residual;
+    if (fit(first, &residual))
+        record(first, residual);
 }
 
 void OrderContest::record(const int* order, double residual)
@@ -64,8 +64,8 @@ void OrderContest::record(const int* order, double residual)
         return;
     Order last;
     spread_twins(last, order, false);
-    if (!m_has_below ||
-        std::lexicographical_compare(m_last_below, m_last_below + n, last, last + n))
+    if (!m_has_below
+        || std::lexicographical_compare(m_last_below, m_last_below + n, last, last + n))
         std::memcpy(m_last_below, last, n * sizeof last[0]);
     m_has_below = true;
 }
@@ -83,15 +83,15 @@ bool OrderContest::fit(const int* order, double* residual)
     for (int i = 0; i < n; ++i)
         std::memcpy(source[i], m_measured[order[i]], sizeof source[i]);
     double T_target_source[4][4];
-    return trafo3d_3trafo(T_target_source, m_target, source) == 0 &&
-           trafo3d_opttrafo(T_target_source, nullptr, m_target, source, n, residual) == 0;
+    return trafo3d_3trafo(T_target_source, m_target, source) == 0
+           && trafo3d_opttrafo(T_target_source, nullptr, m_target, source, n, residual) == 0;
 }
 
 /// The lexicographically first or last of the orders that differ only in equal points.
 void OrderContest::spread_twins(int* out, const int* order, bool ascending) const
 {
     std::memcpy(out, order, n * sizeof order[0]);
-    for (int j = n - 1; j >= 0; --j) {
+    for (int j = n - 1; j >= 0 && m_has_twins; --j) {
         if (m_twin[j] < 0)
             continue;
         // All twins below j are still anywhere among them: j must come to the utmost position.
@@ -107,15 +107,15 @@ void OrderContest::spread_twins(int* out, const int* order, bool ascending) cons
     }
 }
 
-/// Returns whether this order was fitted lately, and remembers it.
-bool OrderContest::is_known(const int* order)
+int OrderContest::known_index(const int* order) const
 {
     unsigned hash = 0;
     for (int i = 0; i < n; ++i)
         hash = hash * 53u + unsigned(order[i]);
-    int* entry = m_known[(hash ^ (hash >> 12)) % remembered];
-    if (std::equal(order, order + n, entry))
-        return true;
-    std::memcpy(entry, order, n * sizeof order[0]);
-    return false;
+    return int((hash ^ (hash >> 12)) % remembered);
+}
+
+bool OrderContest::is_known(const int* order) const
+{
+    return std::equal(order, order + n, m_known[known_index(order)]);
 }

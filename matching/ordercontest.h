@@ -29,6 +29,9 @@ public:
     /// same coordinates, whose fits are the same.
     void enter(const int* order);
 
+    /// Whether entering this order is known to change nothing.
+    bool is_known(const int* order) const;
+
     /// Residuals above this can no longer matter; infinite while no order has succeeded.
     double ceiling() const { return m_ceiling; }
 
@@ -44,7 +47,7 @@ private:
     bool fit(const int* order, double* residual);
     void spread_twins(int* out, const int* order, bool ascending) const;
     void record(const int* order, double residual);
-    bool is_known(const int* order);
+    int known_index(const int* order) const;
 
     enum
     {
@@ -63,6 +66,7 @@ private:
     bool m_has_below;
     Order m_last_below; // last order whose residual is below F
 
+    bool m_has_twins;
     Order m_known[remembered]; // orders fitted lately, by hash
 };
 

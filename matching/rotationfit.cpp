@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+namespace
+{
 
 /// Zeroes entry (p, q) of the symmetric A by a rotation, and turns the columns of V with it.
 void jacobi_step(double (*A)[4], double (*V)[4], int p, int q)
@@ -87,7 +88,7 @@ bool trace_stays_below(const double (*H)[3], double limit)
     return ((limit * limit + c2) * limit + c1) * limit + c0 > 0.0;
 }
 
-double best_rotation(const double (*H)[3], double* quaternion)
+double best_rotation(const double (*H)[3], double* quaternion, double* second)
 {
     const int most_sweeps = 12; // four or five are usual
     double A[4][4];
@@ -104,6 +105,12 @@ double best_rotation(const double (*H)[3], double* quaternion)
             best = k;
     for (int r = 0; r < 4; ++r)
         quaternion[r] = V[r][best];
+    if (second) {
+        *second = A[best == 0 ? 1 : 0][best == 0 ? 1 : 0];
+        for (int k = 0; k < 4; ++k)
+            if (k != best)
+                *second = std::max(*second, A[k][k]);
+    }
     return A[best][best];
 }
 

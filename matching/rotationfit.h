@@ -14,8 +14,9 @@ void quaternion_form(double (*out)[4], const double (*H)[3]);
 /// below by less than about 1e-7 of the size of N. Several times faster than the eigenvalue.
 bool trace_stays_below(const double (*H)[3], double limit);
 
-/// Returns the largest eigenvalue of N(H), and its unit quaternion, both exact to rounding.
-double best_rotation(const double (*H)[3], double* quaternion);
+/// Returns the largest eigenvalue of N(H), and its unit quaternion, both exact to rounding; the
+/// second largest eigenvalue, too, if asked for.
+double best_rotation(const double (*H)[3], double* quaternion, double* second = nullptr);
 
 /// out = the matrix B(p, q) with <B(p, q), H> = p^T N(H) q. B(q, q) is the rotation of a unit q.
 void rotation_product(double (*out)[3], const double* p, const double* q);

@@ -8,7 +8,8 @@
 #include <cstring>
 #include <limits>
 
-namespace {
+namespace
+{
 
 const double infinity = std::numeric_limits<double>::infinity();
 
@@ -22,9 +23,8 @@ double determinant(const double* a, const double* b, const double* c, const doub
     double sum = 0.0;
     for (int r = 0; r < 4; ++r) { // by the last vector, the signs alternate
         const int x = (r + 1) % 4, y = (r + 2) % 4, z = (r + 3) % 4;
-        const double minor = a[x] * (b[y] * c[z] - b[z] * c[y]) -
-                             a[y] * (b[x] * c[z] - b[z] * c[x]) +
-                             a[z] * (b[x] * c[y] - b[y] * c[x]);
+        const double minor = a[x] * (b[y] * c[z] - b[z] * c[y]) - a[y] * (b[x] * c[z] - b[z] * c[x])
+                             + a[z] * (b[x] * c[y] - b[y] * c[x]);
         sum += r % 2 == 0 ? d[r] * minor : -d[r] * minor;
     }
     return sum;
@@ -48,14 +48,9 @@ bool is_between(const double* const* corner, const double* q)
 
 RotationSearch::RotationSearch(const CenteredPoints& points, OrderContest* contest,
                                double tolerance)
-    : m_points(points),
-      m_contest(contest),
-      m_tolerance(tolerance),
-      m_work_left(0.0),
-      m_listed(nullptr),
-      m_listing(m_assignment, *contest, points.n),
-      m_cell_product_of(),
-      m_cell_product_count(0)
+    : m_points(points), m_contest(contest), m_tolerance(tolerance), m_work_left(0.0),
+      m_listed(nullptr), m_listing(m_assignment, *contest, points.n), m_caps(points),
+      m_caps_hold(false), m_cell_product_of(), m_cell_product_count(0)
 {
     // With these a row prefers the nearest point, as it should if the lists fit well.
     for (int j = 0; j < points.n; ++j)
@@ -84,11 +79,13 @@ void RotationSearch::offer(const int* order)
 void RotationSearch::visit_order(const int* order)
 {
     --m_work_left;
+    if (m_contest->is_known(order))
+        return;
     double H[3][3];
     double quaternion[4];
     cross_covariance(H, m_points, order);
-    if (trace_stays_below(H, m_least_trace) || best_rotation(H, quaternion) < m_least_trace ||
-        !is_between(m_listed->corner, quaternion))
+    if (trace_stays_below(H, m_least_trace) || best_rotation(H, quaternion) < m_least_trace
+        || !is_between(m_listed->corner, quaternion))
         return;
     m_contest->enter(order);
     update_least_trace();
@@ -117,8 +114,8 @@ void RotationSearch::fill_profits(const double (*M)[3])
             t[c] = a[0] * M[0][c] + a[1] * M[1][c] + a[2] * M[2][c];
         double* row = m_assignment.profit[i];
         for (int j = 0; j < n; ++j)
-            row[j] = t[0] * m_points.measured_x[j] + t[1] * m_points.measured_y[j] +
-                     t[2] * m_points.measured_z[j];
+            row[j] = t[0] * m_points.measured_x[j] + t[1] * m_points.measured_y[j]
+                     + t[2] * m_points.measured_z[j];
     }
 }
 
@@ -155,19 +152,30 @@ void RotationSearch::climb(const double* start)
     offer(m_assignment.column);
 }
 
+RotationSearch::Seed RotationSearch::make_seed(const double* quaternion)
+{
+    Product product;
+    init(&product, quaternion, quaternion, m_start_price);
+    solve(&product, -infinity);
+    Seed seed;
+    seed.trace = best_rotation(product.H, seed.quaternion);
+    return seed;
+}
+
 void RotationSearch::enter_good_orders()
 {
     const int climbs = 6; // at least
     const RotationCells& cells = RotationCells::instance();
-    Seed seeds[RotationCells::cell_count];
-    for (int v = 0; v < RotationCells::vertex_count; ++v) {
-        Product product;
-        init(&product, cells.vertices[v], cells.vertices[v], m_start_price);
-        solve(&product, -infinity);
-        seeds[v].trace = best_rotation(product.H, seeds[v].quaternion);
-    }
-    std::sort(seeds, seeds + RotationCells::vertex_count);
-    for (int s = 0; s < RotationCells::vertex_count; ++s)
+    double guesses[pair_guesses][4];
+    const int guess_count = guess_rotations(m_points, guesses);
+    Seed seeds[RotationCells::vertex_count + pair_guesses];
+    int count = 0;
+    for (int v = 0; v < RotationCells::vertex_count; ++v)
+        seeds[count++] = make_seed(cells.vertices[v]);
+    for (int g = 0; g < guess_count; ++g)
+        seeds[count++] = make_seed(guesses[g]);
+    std::sort(seeds, seeds + count);
+    for (int s = 0; s < count; ++s)
         if (s < climbs || m_contest->ceiling() == infinity)
             climb(seeds[s].quaternion);
 }
@@ -190,12 +198,17 @@ bool RotationSearch::enter_orders_within_reach()
     const double least_work = 2e3;
     const double fit_work = 5.0;
     m_work_left = std::max(least_work, fit_work * std::tgamma(m_points.n + 1.0));
+    m_caps_hold = m_caps.find(m_least_trace);
+    NearCaps all;
+    all.count = m_caps.count();
+    for (int c = 0; c < all.count; ++c)
+        all.caps[c] = short(c);
     for (int cell = 0; cell < RotationCells::cell_count; ++cell)
-        visit_cell(cell);
+        visit_cell(cell, all);
     return m_work_left >= 0.0;
 }
 
-void RotationSearch::visit_cell(int cell)
+void RotationSearch::visit_cell(int cell, const NearCaps& caps)
 {
     const RotationCells& cells = RotationCells::instance();
     double corner[corners][4];
@@ -207,12 +220,36 @@ void RotationSearch::visit_cell(int cell)
         for (int l = 0; l < corners; ++l)
             t.product[k][l] = cell_product(cell, k, l);
     }
-    visit(t);
+    visit(t, caps);
 }
 
-void RotationSearch::visit(const Tetrahedron& t)
+/// Returns false if no cap reaches into the tetrahedron.
+bool RotationSearch::find_near_caps(NearCaps* near, const Tetrahedron& t,
+                                    const NearCaps& caps) const
 {
-    if (m_work_left < 0.0 || !can_reach(t))
+    double center[4];
+    for (int r = 0; r < 4; ++r)
+        center[r] = t.corner[0][r] + t.corner[1][r] + t.corner[2][r] + t.corner[3][r];
+    const double length = std::sqrt(quaternion_dot(center, center));
+    double cosine = 1.0;
+    for (int k = 0; k < corners; ++k)
+        cosine = std::min(cosine, quaternion_dot(center, t.corner[k]) / length);
+    const double sine = std::sqrt(1.0 - cosine * cosine);
+    for (int r = 0; r < 4; ++r)
+        center[r] /= length;
+
+    near->count = 0;
+    for (int c = 0; c < caps.count; ++c)
+        if (m_caps.is_near(caps.caps[c], center, cosine, sine))
+            near->caps[near->count++] = caps.caps[c];
+    return near->count > 0;
+}
+
+void RotationSearch::visit(const Tetrahedron& t, const NearCaps& caps)
+{
+    NearCaps near;
+    near.count = 0;
+    if (m_work_left < 0.0 || (m_caps_hold && !find_near_caps(&near, t, caps)) || !can_reach(t))
         return;
     --m_work_left;
     int longest[2] = {0, 0};
@@ -228,7 +265,7 @@ void RotationSearch::visit(const Tetrahedron& t)
         }
     if (cosine > list_cosine && list_orders(t, cosine > smallest_cosine))
         return;
-    split(t, longest[0], longest[1]);
+    split(t, longest[0], longest[1], near);
 }
 
 bool RotationSearch::can_reach(const Tetrahedron& t)
@@ -260,7 +297,7 @@ bool RotationSearch::can_reach(Product* product, const Tetrahedron& t)
     return product->upper > m_least_trace;
 }
 
-void RotationSearch::split(const Tetrahedron& t, int k, int l)
+void RotationSearch::split(const Tetrahedron& t, int k, int l, const NearCaps& caps)
 {
     double middle[4];
     for (int r = 0; r < 4; ++r)
@@ -283,7 +320,7 @@ void RotationSearch::split(const Tetrahedron& t, int k, int l)
         for (int m = 0; m < corners; ++m)
             half.product[m][r] = half.product[r][m] = &fresh[m];
         half.product[r][r] = &fresh[corners];
-        visit(half);
+        visit(half, caps);
     }
 }
 

@@ -5,6 +5,8 @@
 #include "matching/assignment.h"
 #include "matching/centeredpoints.h"
 #include "matching/orderlisting.h"
+#include "matching/pairguess.h"
+#include "matching/rotationcaps.h"
 #include "matching/rotationcells.h"
 
 class OrderContest;
@@ -76,9 +78,18 @@ private:
     void solve(Product* product, double enough);
     void climb(const double* quaternion);
 
-    void visit_cell(int cell);
-    void visit(const Tetrahedron& t);
-    void split(const Tetrahedron& t, int k, int l);
+    /// Caps that reach into a tetrahedron.
+    struct NearCaps
+    {
+        int count;
+        short caps[RotationCaps::capacity];
+    };
+
+    Seed make_seed(const double* quaternion);
+    void visit_cell(int cell, const NearCaps& caps);
+    void visit(const Tetrahedron& t, const NearCaps& caps);
+    void split(const Tetrahedron& t, int k, int l, const NearCaps& caps);
+    bool find_near_caps(NearCaps* near, const Tetrahedron& t, const NearCaps& caps) const;
     bool can_reach(const Tetrahedron& t);
     bool can_reach(Product* product, const Tetrahedron& t);
     bool list_orders(const Tetrahedron& t, bool at_any_cost);
@@ -97,6 +108,8 @@ private:
     double m_start_price[trafo3d_max_points];
     Assignment m_assignment;
     OrderListing m_listing;
+    RotationCaps m_caps;
+    bool m_caps_hold; // outside of them nothing can matter
 
     // Of the cells, made when first asked for:
     Product* cell_product(int cell, int k, int l);
