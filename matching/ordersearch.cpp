@@ -1,3 +1,14 @@
+// The outcome is that of a walk through all n! orders in lexicographic sequence, which fits each of
+// them and keeps the best; ordercontest.h tells how a winner follows from that. An order that
+// succeeds takes part in the same way whenever it is met, so the sequence is free, and only orders
+// are passed over for which a bound proves that they cannot change the outcome:
+//  - those whose first triple is degenerate, as their fit fails;
+//  - those whose residual with the best of all rotations lies above the ceiling of the contest
+//    (rotationsearch.h): the fit starts from a rotation and multiplies it by rotations;
+//  - where the start is no rotation but for rounding, those whose residual with the best linear map
+//    lies above it (prefixsearch.h).
+// If no order succeeds, or if the lists are so bad that the best one succeeds with a residual that
+// many orders can reach, the time is that of fitting all of these.
 #include "matching/ordersearch.h"
 
 #include "matching/centeredpoints.h"
@@ -11,7 +22,8 @@
 #include <cstring>
 #include <limits>
 
-namespace {
+namespace
+{
 
 const int triple_size = 3;
 const double infinity = std::numeric_limits<double>::infinity();
@@ -24,10 +36,7 @@ enum TripleShape
     sound       ///< the start is a rotation within 1e-10
 };
 
-double square_sum(const double* v)
-{
-    return v[0] * v[0] + v[1] * v[1] + v[2] * v[2];
-}
+double square_sum(const double* v) { return v[0] * v[0] + v[1] * v[1] + v[2] * v[2]; }
 
 /// Whether rounding leaves the axes of the triple orthonormal within 1e-10.
 bool is_well_shaped(const double* p0, const double* p1, const double* p2)
@@ -42,8 +51,8 @@ bool is_well_shaped(const double* p0, const double* p1, const double* p2)
     for (int c = 0; c < 3; ++c)
         w[c] = u[(c + 1) % 3] * v[(c + 2) % 3] - u[(c + 2) % 3] * v[(c + 1) % 3];
     const double uu = square_sum(u), vv = square_sum(v), ww = square_sum(w);
-    return uu > smallest && vv > smallest && ww > smallest && uu < 1.0 / smallest &&
-           vv < 1.0 / smallest && ww < 1.0 / smallest && ww > least_square_sine * uu * vv;
+    return uu > smallest && vv > smallest && ww > smallest && uu < 1.0 / smallest
+           && vv < 1.0 / smallest && ww < 1.0 / smallest && ww > least_square_sine * uu * vv;
 }
 
 bool are_finite(const double (*points)[3], int n)
@@ -87,11 +96,9 @@ double rigid_tolerance(const CenteredPoints& points)
 }
 
 OrderSearch::OrderSearch(const double (*reference)[3], const double (*measured)[3], int n_)
-    : m_measured(measured),
-      n(n_),
+    : m_measured(measured), n(n_),
       m_reference_is_well_shaped(is_well_shaped(reference[0], reference[1], reference[2])),
-      m_points(reference, measured, n_),
-      m_contest(reference, measured, n_),
+      m_points(reference, measured, n_), m_contest(reference, measured, n_),
       m_tolerance(rigid_tolerance(m_points))
 {
     std::memcpy(m_first_reference, reference, sizeof m_first_reference);
