@@ -214,8 +214,8 @@ void make_not_finite(PairingLists& lists)
                                      std::numeric_limits<double>::infinity(),
                                      -std::numeric_limits<double>::infinity(), 1e300, 1e-300};
     make_noisy(lists);
-    (lists.toss() ? lists.reference : lists.measured)[lists.index()][lists.index() % 3] =
-        odd[int(lists.uniform(0.0, 5.0)) % 5];
+    double(*list)[3] = lists.toss() ? lists.reference : lists.measured;
+    list[lists.index()][lists.index() % 3] = odd[int(lists.uniform(0.0, 5.0)) % 5];
 }
 
 struct Kind
