@@ -43,6 +43,7 @@ void AbcGLCanvas::setTipMatrix(const bsMatrix& matrix) { tip_matrix = matrix; }
 
 bool AbcGLCanvas::checkSetParallelAxes() { return false; }
 
+// Long because the state of OpenGL runs through it from top to bottom.
 void AbcGLCanvas::drawPoints()
 {
     if (!matching_dialog)
