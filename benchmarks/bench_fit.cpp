@@ -9,7 +9,8 @@
 #include <random>
 #include <vector>
 
-namespace {
+namespace
+{
 
 constexpr double object_size = 1000.0; // mm
 constexpr double noise = 1.0;          // mm

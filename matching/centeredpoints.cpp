@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+namespace
+{
 
 double largest_magnitude(const double (*points)[3], int n)
 {

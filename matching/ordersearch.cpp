@@ -11,7 +11,8 @@
 #include <cstring>
 #include <limits>
 
-namespace {
+namespace
+{
 
 const int triple_size = 3;
 const double infinity = std::numeric_limits<double>::infinity();
@@ -24,10 +25,7 @@ enum TripleShape
     sound       ///< the start is a rotation within 1e-10
 };
 
-double square_sum(const double* v)
-{
-    return v[0] * v[0] + v[1] * v[1] + v[2] * v[2];
-}
+double square_sum(const double* v) { return v[0] * v[0] + v[1] * v[1] + v[2] * v[2]; }
 
 /// Whether rounding leaves the axes of the triple orthonormal within 1e-10.
 bool is_well_shaped(const double* p0, const double* p1, const double* p2)
@@ -42,8 +40,8 @@ bool is_well_shaped(const double* p0, const double* p1, const double* p2)
     for (int c = 0; c < 3; ++c)
         w[c] = u[(c + 1) % 3] * v[(c + 2) % 3] - u[(c + 2) % 3] * v[(c + 1) % 3];
     const double uu = square_sum(u), vv = square_sum(v), ww = square_sum(w);
-    return uu > smallest && vv > smallest && ww > smallest && uu < 1.0 / smallest &&
-           vv < 1.0 / smallest && ww < 1.0 / smallest && ww > least_square_sine * uu * vv;
+    return uu > smallest && vv > smallest && ww > smallest && uu < 1.0 / smallest
+           && vv < 1.0 / smallest && ww < 1.0 / smallest && ww > least_square_sine * uu * vv;
 }
 
 bool are_finite(const double (*points)[3], int n)
@@ -87,11 +85,9 @@ double rigid_tolerance(const CenteredPoints& points)
 }
 
 OrderSearch::OrderSearch(const double (*reference)[3], const double (*measured)[3], int n_)
-    : m_measured(measured),
-      n(n_),
+    : m_measured(measured), n(n_),
       m_reference_is_well_shaped(is_well_shaped(reference[0], reference[1], reference[2])),
-      m_points(reference, measured, n_),
-      m_contest(reference, measured, n_),
+      m_points(reference, measured, n_), m_contest(reference, measured, n_),
       m_tolerance(rigid_tolerance(m_points))
 {
     std::memcpy(m_first_reference, reference, sizeof m_first_reference);

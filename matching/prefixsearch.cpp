@@ -6,7 +6,8 @@
 #include <cmath>
 #include <limits>
 
-namespace {
+namespace
+{
 
 const int triple_size = 3;
 const double infinity = std::numeric_limits<double>::infinity();
@@ -83,8 +84,8 @@ bool PrefixSearch::is_hopeless(const Sums& sums) const
     const double weight = ridge * m_points.measured_sum;
     const double total = m_points.reference_sum + m_points.measured_sum;
     const double most = total - 2.0 * m_points.least_trace(m_contest->ceiling(), m_tolerance);
-    return least_square_sum(sums.BB, sums.AB, sums.AA, weight) >
-           most + weight * largest_square_norm;
+    return least_square_sum(sums.BB, sums.AB, sums.AA, weight)
+           > most + weight * largest_square_norm;
 }
 
 void PrefixSearch::descend(const Sums& sums, int level)

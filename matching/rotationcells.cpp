@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+namespace
+{
 
 const double golden = 1.6180339887498949;
 const double edge_cosine = golden / 2.0; // neighbours are 36 degrees apart

@@ -8,7 +8,8 @@
 #include <cmath>
 #include <cstring>
 
-namespace plain {
+namespace plain
+{
 
 enum
 {
@@ -34,10 +35,7 @@ inline double dot(const double* a, const double* b)
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
 }
 
-inline double length(const double* a)
-{
-    return std::sqrt(dot(a, a));
-}
+inline double length(const double* a) { return std::sqrt(dot(a, a)); }
 
 inline void difference(double* out, const double* a, const double* b)
 {
@@ -272,8 +270,8 @@ inline int start_trafo(double (*T)[4], double (*target)[3], double (*source)[3])
             R[r][c] = Fa[0][r] * Fb[0][c] + Fa[1][r] * Fb[1][c] + Fa[2][r] * Fb[2][c];
     for (int r = 0; r < 3; ++r) {
         std::memcpy(T[r], R[r], sizeof R[r]);
-        T[r][3] = target[0][r] -
-                  (R[r][0] * source[0][0] + R[r][1] * source[0][1] + R[r][2] * source[0][2]);
+        T[r][3] = target[0][r]
+                  - (R[r][0] * source[0][0] + R[r][1] * source[0][1] + R[r][2] * source[0][2]);
         T[3][r] = 0.0;
     }
     T[3][3] = 1.0;
