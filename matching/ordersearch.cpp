@@ -1,3 +1,14 @@
+// The outcome is that of a walk through all n! orders in lexicographic sequence, which fits each of
+// them and keeps the best; ordercontest.h tells how a winner follows from that. An order that
+// succeeds takes part in the same way whenever it is met, so the sequence is free, and only orders
+// are passed over for which a bound proves that they cannot change the outcome:
+//  - those whose first triple is degenerate, as their fit fails;
+//  - those whose residual with the best of all rotations lies above the ceiling of the contest
+//    (rotationsearch.h): the fit starts from a rotation and multiplies it by rotations;
+//  - where the start is no rotation but for rounding, those whose residual with the best linear map
+//    lies above it (prefixsearch.h).
+// If no order succeeds, or if the lists are so bad that the best one succeeds with a residual that
+// many orders can reach, the time is that of fitting all of these.
 #include "matching/ordersearch.h"
 
 #include "matching/centeredpoints.h"

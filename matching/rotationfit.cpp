@@ -40,6 +40,19 @@ double off_diagonal(const double (*A)[4])
     return sum;
 }
 
+/// Determinant of four columns, with the opposite sign.
+double determinant(const double* a, const double* b, const double* c, const double* d)
+{
+    double sum = 0.0;
+    for (int r = 0; r < 4; ++r) { // by the last vector, the signs alternate
+        const int x = (r + 1) % 4, y = (r + 2) % 4, z = (r + 3) % 4;
+        const double minor = a[x] * (b[y] * c[z] - b[z] * c[y]) - a[y] * (b[x] * c[z] - b[z] * c[x])
+                             + a[z] * (b[x] * c[y] - b[y] * c[x]);
+        sum += r % 2 == 0 ? d[r] * minor : -d[r] * minor;
+    }
+    return sum;
+}
+
 } // namespace
 
 void quaternion_form(double (*out)[4], const double (*H)[3])
@@ -143,4 +156,17 @@ double matrix_dot(const double (*A)[3], const double (*B)[3])
         for (int c = 0; c < 3; ++c)
             sum += A[r][c] * B[r][c];
     return sum;
+}
+
+bool is_between(const double* const* corner, const double* q)
+{
+    const double rounding = 1e-6;
+    const double whole = determinant(corner[0], corner[1], corner[2], corner[3]);
+    const double weights[4] = {determinant(q, corner[1], corner[2], corner[3]) / whole,
+                               determinant(corner[0], q, corner[2], corner[3]) / whole,
+                               determinant(corner[0], corner[1], q, corner[3]) / whole,
+                               determinant(corner[0], corner[1], corner[2], q) / whole};
+    const double least = *std::min_element(weights, weights + 4);
+    const double most = *std::max_element(weights, weights + 4);
+    return least >= -rounding || most <= rounding;
 }

@@ -23,6 +23,9 @@ void rotation_product(double (*out)[3], const double* p, const double* q);
 
 double quaternion_dot(const double* p, const double* q);
 
+/// Whether q or -q is a sum of the four corners with weights that are not negative, but for 1e-6.
+bool is_between(const double* const* corners, const double* q);
+
 /// <A, B>, the sum of the products of the entries.
 double matrix_dot(const double (*A)[3], const double (*B)[3]);
 

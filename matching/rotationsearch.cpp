@@ -18,39 +18,14 @@ const double list_cosine = 0.9;            // longer edges leave too many orders
 const double smallest_cosine = 1.0 - 1e-9; // halving shorter edges gains nothing any more
 const int list_steps = 400;                // before halving is thought cheaper
 
-double determinant(const double* a, const double* b, const double* c, const double* d)
-{
-    double sum = 0.0;
-    for (int r = 0; r < 4; ++r) { // by the last vector, the signs alternate
-        const int x = (r + 1) % 4, y = (r + 2) % 4, z = (r + 3) % 4;
-        const double minor = a[x] * (b[y] * c[z] - b[z] * c[y]) - a[y] * (b[x] * c[z] - b[z] * c[x])
-                             + a[z] * (b[x] * c[y] - b[y] * c[x]);
-        sum += r % 2 == 0 ? d[r] * minor : -d[r] * minor;
-    }
-    return sum;
-}
-
-/// Whether q or -q is a sum of the four corners with weights that are not negative, but for 1e-6.
-bool is_between(const double* const* corner, const double* q)
-{
-    const double rounding = 1e-6;
-    const double whole = determinant(corner[0], corner[1], corner[2], corner[3]);
-    const double weights[4] = {determinant(q, corner[1], corner[2], corner[3]) / whole,
-                               determinant(corner[0], q, corner[2], corner[3]) / whole,
-                               determinant(corner[0], corner[1], q, corner[3]) / whole,
-                               determinant(corner[0], corner[1], corner[2], q) / whole};
-    const double least = *std::min_element(weights, weights + 4);
-    const double most = *std::max_element(weights, weights + 4);
-    return least >= -rounding || most <= rounding;
-}
-
 } // namespace
 
 RotationSearch::RotationSearch(const CenteredPoints& points, OrderContest* contest,
                                double tolerance)
-    : m_points(points), m_contest(contest), m_tolerance(tolerance), m_work_left(0.0),
-      m_listed(nullptr), m_listing(m_assignment, *contest, points.n), m_caps(points),
-      m_caps_hold(false), m_cell_product_of(), m_cell_product_count(0)
+    : m_points(points), m_contest(contest), m_tolerance(tolerance), m_floor_trace(-infinity),
+      m_top_trace(-infinity), m_work_left(0.0), m_listed(nullptr),
+      m_listing(m_assignment, *contest, points.n), m_caps(points), m_caps_hold(false),
+      m_cell_product_of(), m_cell_product_count(0)
 {
     // With these a row prefers the nearest point, as it should if the lists fit well.
     for (int j = 0; j < points.n; ++j)
@@ -60,7 +35,8 @@ RotationSearch::RotationSearch(const CenteredPoints& points, OrderContest* conte
 
 void RotationSearch::update_least_trace()
 {
-    m_least_trace = m_points.least_trace(m_contest->ceiling(), m_tolerance);
+    m_least_trace =
+        std::max(m_floor_trace, m_points.least_trace(m_contest->ceiling(), m_tolerance));
 }
 
 /// Enters an order if it can matter.
@@ -133,53 +109,6 @@ void RotationSearch::solve(Product* product, double enough)
     cross_covariance(product->H, m_points, m_assignment.column);
 }
 
-void RotationSearch::climb(const double* start)
-{
-    const int most_rounds = 20;
-    const double least_gain = 1e-9 * (m_points.reference_sum + m_points.measured_sum);
-    double trace = -infinity;
-    double former;
-    Product product;
-    init(&product, start, start, m_start_price);
-    int round = 0;
-    do {
-        solve(&product, -infinity);
-        former = trace;
-        double quaternion[4];
-        trace = best_rotation(product.H, quaternion);
-        rotation_product(product.M, quaternion, quaternion);
-    } while (trace > former + least_gain && ++round < most_rounds);
-    offer(m_assignment.column);
-}
-
-RotationSearch::Seed RotationSearch::make_seed(const double* quaternion)
-{
-    Product product;
-    init(&product, quaternion, quaternion, m_start_price);
-    solve(&product, -infinity);
-    Seed seed;
-    seed.trace = best_rotation(product.H, seed.quaternion);
-    return seed;
-}
-
-void RotationSearch::enter_good_orders()
-{
-    const int climbs = 6; // at least
-    const RotationCells& cells = RotationCells::instance();
-    double guesses[pair_guesses][4];
-    const int guess_count = guess_rotations(m_points, guesses);
-    Seed seeds[RotationCells::vertex_count + pair_guesses];
-    int count = 0;
-    for (int v = 0; v < RotationCells::vertex_count; ++v)
-        seeds[count++] = make_seed(cells.vertices[v]);
-    for (int g = 0; g < guess_count; ++g)
-        seeds[count++] = make_seed(guesses[g]);
-    std::sort(seeds, seeds + count);
-    for (int s = 0; s < count; ++s)
-        if (s < climbs || m_contest->ceiling() == infinity)
-            climb(seeds[s].quaternion);
-}
-
 RotationSearch::Product* RotationSearch::cell_product(int cell, int k, int l)
 {
     const RotationCells& cells = RotationCells::instance();
@@ -193,11 +122,36 @@ RotationSearch::Product* RotationSearch::cell_product(int cell, int k, int l)
     return product;
 }
 
+/// If the best orders met so far failed, orders far below them are within reach. Looking at the
+/// best ones first may show one that succeeds, which brings most others out of reach.
 bool RotationSearch::enter_orders_within_reach()
 {
     const double least_work = 2e3;
     const double fit_work = 5.0;
+    const double steps[] = {1.0 / 64.0, 1.0 / 8.0};
     m_work_left = std::max(least_work, fit_work * std::tgamma(m_points.n + 1.0));
+
+    const double gap = m_top_trace - m_least_trace;
+    const double small_gap = 1e-4 * m_top_trace;
+    for (double step : steps) {
+        if (gap <= small_gap)
+            break;
+        m_floor_trace = m_top_trace - step * gap;
+        update_least_trace();
+        visit_cells();
+        if (m_least_trace > m_floor_trace)
+            return m_work_left >= 0.0;
+    }
+    m_floor_trace = -infinity;
+    update_least_trace();
+    visit_cells();
+    return m_work_left >= 0.0;
+}
+
+void RotationSearch::visit_cells()
+{
+    std::memset(m_cell_product_of, 0, sizeof m_cell_product_of);
+    m_cell_product_count = 0;
     m_caps_hold = m_caps.find(m_least_trace);
     NearCaps all;
     all.count = m_caps.count();
@@ -205,7 +159,6 @@ bool RotationSearch::enter_orders_within_reach()
         all.caps[c] = short(c);
     for (int cell = 0; cell < RotationCells::cell_count; ++cell)
         visit_cell(cell, all);
-    return m_work_left >= 0.0;
 }
 
 void RotationSearch::visit_cell(int cell, const NearCaps& caps)

@@ -5,7 +5,6 @@
 #include "matching/assignment.h"
 #include "matching/centeredpoints.h"
 #include "matching/orderlisting.h"
-#include "matching/pairguess.h"
 #include "matching/rotationcaps.h"
 #include "matching/rotationcells.h"
 
@@ -86,6 +85,7 @@ private:
     };
 
     Seed make_seed(const double* quaternion);
+    void visit_cells();
     void visit_cell(int cell, const NearCaps& caps);
     void visit(const Tetrahedron& t, const NearCaps& caps);
     void split(const Tetrahedron& t, int k, int l, const NearCaps& caps);
@@ -103,6 +103,8 @@ private:
     OrderContest* m_contest;
     const double m_tolerance;
     double m_least_trace;
+    double m_floor_trace;        // never look below this for now
+    double m_top_trace;          // of all orders met so far
     double m_work_left;          // in units of about a microsecond
     const Tetrahedron* m_listed; // whose orders are being listed
     double m_start_price[trafo3d_max_points];
