@@ -123,3 +123,19 @@ bool RotationCaps::is_near(int cap, const double* center, double cosine, double 
     return std::fabs(quaternion_dot(c.quaternion, center))
            >= c.cosine * cosine - c.sine * sine - rounding;
 }
+
+bool RotationCaps::is_inside(int cap, const double* center, double cosine, double sine) const
+{
+    const double rounding = 1e-6;
+    const Cap& c = m_caps[cap];
+    return std::fabs(quaternion_dot(c.quaternion, center))
+           >= c.cosine * cosine + c.sine * sine + rounding;
+}
+
+double RotationCaps::widest_sine() const
+{
+    double widest = 0.0;
+    for (int c = 0; c < m_count; ++c)
+        widest = std::max(widest, m_caps[c].sine);
+    return widest;
+}

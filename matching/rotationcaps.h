@@ -29,6 +29,13 @@ public:
 
     int count() const { return m_count; }
 
+    /// Sine of the largest angle from a cap's center to its border.
+    double widest_sine() const;
+    const double* center(int cap) const { return m_caps[cap].quaternion; }
+
+    /// Whether all of a cap lies within the angle of `center` (or of its opposite).
+    bool is_inside(int cap, const double* center, double cosine, double sine) const;
+
     /// Whether a cap has a quaternion within the angle of `center` (or of its opposite).
     bool is_near(int cap, const double* center, double cosine, double sine) const;
 

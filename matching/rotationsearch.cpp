@@ -16,6 +16,7 @@ const double infinity = std::numeric_limits<double>::infinity();
 // Cosines of an edge, the angle between two quaternions (half of that between the rotations):
 const double list_cosine = 0.9;            // longer edges leave too many orders to list
 const double smallest_cosine = 1.0 - 1e-9; // halving shorter edges gains nothing any more
+const double small_cap = 0.03;             // sine up to which a cap gets a tetrahedron of its own
 const int list_steps = 400;                // before halving is thought cheaper
 
 } // namespace
@@ -157,6 +158,10 @@ void RotationSearch::visit_cells()
     all.count = m_caps.count();
     for (int c = 0; c < all.count; ++c)
         all.caps[c] = short(c);
+    if (m_caps_hold && m_caps.widest_sine() < small_cap) {
+        visit_around_caps(all);
+        return;
+    }
     for (int cell = 0; cell < RotationCells::cell_count; ++cell)
         visit_cell(cell, all);
 }
@@ -174,28 +179,6 @@ void RotationSearch::visit_cell(int cell, const NearCaps& caps)
             t.product[k][l] = cell_product(cell, k, l);
     }
     visit(t, caps);
-}
-
-/// Returns false if no cap reaches into the tetrahedron.
-bool RotationSearch::find_near_caps(NearCaps* near, const Tetrahedron& t,
-                                    const NearCaps& caps) const
-{
-    double center[4];
-    for (int r = 0; r < 4; ++r)
-        center[r] = t.corner[0][r] + t.corner[1][r] + t.corner[2][r] + t.corner[3][r];
-    const double length = std::sqrt(quaternion_dot(center, center));
-    double cosine = 1.0;
-    for (int k = 0; k < corners; ++k)
-        cosine = std::min(cosine, quaternion_dot(center, t.corner[k]) / length);
-    const double sine = std::sqrt(1.0 - cosine * cosine);
-    for (int r = 0; r < 4; ++r)
-        center[r] /= length;
-
-    near->count = 0;
-    for (int c = 0; c < caps.count; ++c)
-        if (m_caps.is_near(caps.caps[c], center, cosine, sine))
-            near->caps[near->count++] = caps.caps[c];
-    return near->count > 0;
 }
 
 void RotationSearch::visit(const Tetrahedron& t, const NearCaps& caps)

@@ -89,6 +89,8 @@ private:
     void visit_cell(int cell, const NearCaps& caps);
     void visit(const Tetrahedron& t, const NearCaps& caps);
     void split(const Tetrahedron& t, int k, int l, const NearCaps& caps);
+    void visit_around_caps(const NearCaps& caps);
+    void visit_around(const double* center, const NearCaps& caps);
     bool find_near_caps(NearCaps* near, const Tetrahedron& t, const NearCaps& caps) const;
     bool can_reach(const Tetrahedron& t);
     bool can_reach(Product* product, const Tetrahedron& t);

@@ -202,20 +202,20 @@ void make_remote(PairingLists& lists)
 
 void make_monstrous(PairingLists& lists)
 {
-    const double factors[] = {1e-300, 1e-163, 1e-157, 1e-83, 1e-43, 1e27,
-                              1e35,   1e36,   1e74,   1e97,  1e151, 1e297};
+    static constexpr double factors[] = {1e-300, 1e-163, 1e-157, 1e-83, 1e-43, 1e27,
+                                         1e35,   1e36,   1e74,   1e97,  1e151, 1e297};
     make_noisy(lists);
-    lists.scale(factors[int(lists.uniform(0.0, 11.99))]);
+    lists.scale(factors[int(lists.uniform(0.0, 12.0)) % 12]);
 }
 
 void make_not_finite(PairingLists& lists)
 {
-    const double odd[] = {std::numeric_limits<double>::quiet_NaN(),
-                          std::numeric_limits<double>::infinity(),
-                          -std::numeric_limits<double>::infinity(), 1e300, 1e-300};
+    static constexpr double odd[] = {std::numeric_limits<double>::quiet_NaN(),
+                                     std::numeric_limits<double>::infinity(),
+                                     -std::numeric_limits<double>::infinity(), 1e300, 1e-300};
     make_noisy(lists);
     (lists.toss() ? lists.reference : lists.measured)[lists.index()][lists.index() % 3] =
-        odd[int(lists.uniform(0.0, 4.99))];
+        odd[int(lists.uniform(0.0, 5.0)) % 5];
 }
 
 struct Kind
