@@ -1,6 +1,7 @@
 // What the 3D view draws of the matching: reference points and the tool's tip.
 #include "SourceFiles/abcGLCanvas.h"
 
+#include "SourceFiles/labelfont.h"
 #include "matching/abcmatchingdialog.h"
 
 #include <GL/glu.h>
@@ -12,8 +13,6 @@ const double label_offset = -10.0; // these two are multiples of the room's scal
 const double point_radius = 2.0;
 const int point_slices = 4;
 const int point_stacks = 2;
-const int label_font_size = 10; // points
-const int label_font_weight = 75;
 
 const int tip_slices = 32;
 const int tip_stacks = 32;
@@ -44,6 +43,7 @@ void AbcGLCanvas::setTipMatrix(const bsMatrix& matrix) { tip_matrix = matrix; }
 
 bool AbcGLCanvas::checkSetParallelAxes() { return false; }
 
+// Long because the state of OpenGL runs through it from top to bottom.
 void AbcGLCanvas::drawPoints()
 {
     if (!matching_dialog)
@@ -77,8 +77,7 @@ void AbcGLCanvas::drawPoints()
 
 void AbcGLCanvas::drawPointNumber(int number, const bsVector& point)
 {
-    renderText(point.x, point.y, point.z, QString::number(number),
-               QFont("Times", label_font_size, label_font_weight));
+    renderText(point.x, point.y, point.z, QString::number(number), label_font());
 }
 
 void AbcGLCanvas::drawTip()

@@ -1,9 +1,9 @@
 #include "SourceFiles/abcRoom.h"
 
 #include "SourceFiles/glUtils.h"
+#include "SourceFiles/labelfont.h"
 #include "module/roomadjustmentdata.h"
 
-#include <QFont>
 #include <QGLWidget>
 
 namespace
@@ -16,9 +16,6 @@ const double origin_long_axes_factor = 10.0;
 const double label_distance = 5.0;
 const double transformed_brightness = 1.0;
 const double origin_brightness = 0.4;
-
-const int label_font_size = 10; // points
-const int label_font_weight = 75;
 
 void drawFrameAxes(double length, double size, bool long_axes, double factor, double brightness)
 {
@@ -193,7 +190,7 @@ void abcRoom::drawLabel(const QString& text, double x, double y)
 {
     QGLWidget* const widget = qobject_cast<QGLWidget*>(parent());
     if (widget)
-        widget->renderText(x, y, 0.0, text, QFont("Times", label_font_size, label_font_weight));
+        widget->renderText(x, y, 0.0, text, label_font());
 }
 
 void abcRoom::drawGridInPlane(const QColor& color)

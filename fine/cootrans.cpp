@@ -28,10 +28,7 @@ CooTrans::CooTrans(IOManager* io_manager, BackendVersions* backend_versions,
       matching_dialog(nullptr), long_axes_shown(false), xy_grid_shown(false), yz_grid_shown(false),
       xz_grid_shown(false), update_enabled(false)
 {
-    const RoomAdjustmentData defaults;
-    std::copy(defaults.translation, defaults.translation + 3, old_translation);
-    std::copy(defaults.rotation, defaults.rotation + 9, old_rotation);
-    old_scaling = defaults.scaling;
+    setOldExtraTrafo(RoomAdjustmentData());
     ui.setupUi(this);
     reset_saved_angles();
     reset_saved_pos();

@@ -100,6 +100,7 @@ private:
     void connectViewWidgets();
     void rotationFromControls(double* words);
     QAction* addToggle(QMenu* menu, const QString& text, const char* slot);
+    void setOldExtraTrafo(const RoomAdjustmentData& data);
     bool oldTrafoIsDefault() const;
     bool readOldExtraTrafo();
 

@@ -39,6 +39,13 @@ void CooTrans::on_w_bodyMatchingButton_clicked()
     restoreOldExtraTrafo();
 }
 
+void CooTrans::setOldExtraTrafo(const RoomAdjustmentData& data)
+{
+    std::copy(data.translation, data.translation + 3, old_translation);
+    std::copy(data.rotation, data.rotation + 9, old_rotation);
+    old_scaling = data.scaling;
+}
+
 bool CooTrans::oldTrafoIsDefault() const
 {
     return is_default_transformation(old_translation, old_rotation, old_scaling);
@@ -60,18 +67,13 @@ bool CooTrans::readOldExtraTrafo()
         show_error(io_manager, vocabulary::cannot_get_scaling);
         return false;
     }
-    std::copy(read.translation, read.translation + 3, old_translation);
-    std::copy(read.rotation, read.rotation + 9, old_rotation);
-    old_scaling = read.scaling;
+    setOldExtraTrafo(read);
     return true;
 }
 
 void CooTrans::saveOldExtraTrafoAndSet2Default()
 {
-    const RoomAdjustmentData defaults;
-    std::copy(defaults.translation, defaults.translation + 3, old_translation);
-    std::copy(defaults.rotation, defaults.rotation + 9, old_rotation);
-    old_scaling = defaults.scaling;
+    setOldExtraTrafo(RoomAdjustmentData());
     if (!passes(*backend_versions, version_gate::extra_transformation))
         return;
     if (!readOldExtraTrafo() || oldTrafoIsDefault() || !dialog)

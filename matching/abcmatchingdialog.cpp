@@ -7,6 +7,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QPixmap>
 #include <QResizeEvent>
 
 using vocabulary::show_error;
@@ -15,8 +16,6 @@ namespace
 {
 
 const int status_interval_ms = 200;
-const double default_duration = 1.0;  // seconds
-const double default_deviation = 1.5; // mm
 
 void spread_columns(QTableWidget* table)
 {

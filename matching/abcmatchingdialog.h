@@ -124,6 +124,10 @@ private:
         line_buffer_size = 10240
     };
 
+    // Where the controller does not say.
+    static constexpr double default_duration = 1.0;  ///< seconds
+    static constexpr double default_deviation = 1.5; ///< mm
+
     AbcMatchingDialog(const AbcMatchingDialog&);
     AbcMatchingDialog& operator=(const AbcMatchingDialog&);
 

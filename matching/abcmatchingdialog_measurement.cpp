@@ -18,8 +18,6 @@ using namespace ZetrakSDK_Datatypes;
 namespace
 {
 
-const double default_duration = 1.0;  // seconds
-const double default_deviation = 1.5; // mm
 const double lowest_tracked_quality = 1.0;
 const double steps_per_second = 100.0; // of the progress bar
 const int measuring_flag = 0;          // button of the tool

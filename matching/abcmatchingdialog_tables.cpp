@@ -4,6 +4,7 @@
 #include "widgets/headersections.h"
 
 #include <QMessageBox>
+#include <QStringList>
 
 namespace
 {

@@ -9,6 +9,7 @@ const int max_columns = 10;
 
 }
 
+// Long because it is one factorisation in the sequence that gives the results their last bits.
 int linear_lsq_solve(double* x, double* b, double* A, int m, int n, double* residual)
 {
     if (n > max_columns)

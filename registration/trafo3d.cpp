@@ -194,6 +194,7 @@ void divide_scale_out(double (*T)[4], double* scale)
     *scale = s;
 }
 
+/// Long because its two loops are one search with three ways to end.
 template <int np>
 int opt_trafo(double (*T)[4], double* scale, double (*target)[3], double (*source)[3], int n,
               double* residual)

@@ -1,3 +1,4 @@
+// Long because it holds everything that a person can do to the simulated room.
 #include "simulator/person.h"
 
 #include "simulator/numbers.h"

@@ -188,7 +188,8 @@ private slots:
     void a_locked_configuration_shows_but_does_not_let()
     {
         controller->values["config is_changeable"] = "no";
-        controller->values["tracking extra_scaling"] = "0.90000"; // makes the fine tab ask for Apply
+        controller->values["tracking extra_scaling"] =
+            "0.90000"; // makes the fine tab ask for Apply
         controller->values["tracking extra_translation"] = "10.000 0.000 -2.500";
         exec([this] {
             QVERIFY(!child<QTabWidget>("tabWidget")->isEnabled());

@@ -20,8 +20,11 @@ QtMessageHandler previous_handler = nullptr;
 
 // What the platform itself may say on a machine without a real display or session.
 const char* const platform_noise[] = {
-    "XDG_RUNTIME_DIR", "propagateSizeHints",
-    "SetInputFocus", // a dialog that closed again before the server had mapped it
+    "XDG_RUNTIME_DIR",
+    "propagateSizeHints",
+    // A dialog that closed again before the server had mapped it.
+    "SetInputFocus",
+    "setNetWmStateOnUnmappedWindow",
 };
 
 bool is_platform_noise(const QString& message)
