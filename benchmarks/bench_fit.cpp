@@ -3,9 +3,10 @@
 
 #include <Eigen/Geometry>
 
+#include <benchmark/benchmark.h>
+
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <random>
 #include <vector>
 
@@ -79,16 +80,14 @@ double eigen_time(Case& data, int n, volatile double* sink)
     return time_of([&] { *sink = Eigen::umeyama(source, target, false)(0, 0); });
 }
 
-} // namespace
-
-int main()
+/// Median over the cases, of both times and of their ratio.
+void one_fit(benchmark::State& state)
 {
-    std::printf("One fit, rigid, 1 m object, noise 1 mm; median of %d random cases\n", case_count);
-    std::printf("%4s %12s %12s %8s\n", "n", "fit [ns]", "Eigen [ns]", "ratio");
-    for (int n : {3, 4, 6, 8, 12, 20, 50}) {
-        std::mt19937 random(n);
-        std::vector<double> fits, closed_forms, ratios;
-        volatile double sink = 0.0;
+    const int n = static_cast<int>(state.range(0));
+    std::mt19937 random(n);
+    std::vector<double> fits, closed_forms, ratios;
+    volatile double sink = 0.0;
+    for (auto _ : state) {
         for (int c = 0; c < case_count; ++c) {
             Case data = make_case(n, random);
             fits.push_back(fit_time(data, n, &sink));
@@ -97,8 +96,25 @@ int main()
         }
         for (auto* times : {&fits, &closed_forms, &ratios})
             std::sort(times->begin(), times->end());
-        constexpr int middle = case_count / 2;
-        std::printf("%4d %12.0f %12.0f %8.2f\n", n, fits[middle], closed_forms[middle],
-                    ratios[middle]);
+        state.SetIterationTime(fits[case_count / 2] * 1e-9);
     }
+    state.counters["eigen_ns"] = closed_forms[case_count / 2];
+    state.counters["to_eigen"] = ratios[case_count / 2];
 }
+
+} // namespace
+
+BENCHMARK(one_fit)
+    ->ArgName("n")
+    ->Arg(3)
+    ->Arg(4)
+    ->Arg(6)
+    ->Arg(8)
+    ->Arg(12)
+    ->Arg(20)
+    ->Arg(50)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Unit(benchmark::kNanosecond);
+
+BENCHMARK_MAIN();

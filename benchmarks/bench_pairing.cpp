@@ -4,9 +4,11 @@
 #include "tests/support/pairinglists.h"
 #include "tests/support/plain_trafo3d.h"
 
+#include <benchmark/benchmark.h>
+
 #include <chrono>
-#include <cstdio>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace
@@ -14,6 +16,7 @@ namespace
 
 constexpr double meter = 1000.0;
 constexpr int case_count = 15;
+constexpr int run_count = 3;
 constexpr int exhaustive_count = 8; // points
 
 struct Row
@@ -95,21 +98,27 @@ double search_time(const Row& row, int n, unsigned seed, bool* found)
     return milliseconds_since(start);
 }
 
-void print_row(const Row& row)
+/// One iteration goes through all cases of a row. The time of a case is the shortest of three
+/// runs, so that a time slice lost to another program is not taken for work.
+void search_cases(benchmark::State& state, const Row& row, int n)
 {
-    for (int n : row.counts) {
-        std::vector<double> times;
-        int failures = 0;
+    std::vector<double> times;
+    int failures = 0;
+    for (auto _ : state) {
         for (int c = 0; c < case_count; ++c) {
-            bool found;
-            times.push_back(search_time(row, n, unsigned(100 * n + c), &found));
+            bool found = false;
+            double shortest = search_time(row, n, unsigned(100 * n + c), &found);
+            for (int run = 1; run < run_count; ++run)
+                shortest = std::min(shortest, search_time(row, n, unsigned(100 * n + c), &found));
+            times.push_back(shortest);
             failures += !found;
         }
         std::sort(times.begin(), times.end());
-        std::printf("%-36s %3d %10.2f %10.2f", row.title, n, times[case_count / 2], times.back());
-        std::printf(failures ? "  %d without result\n" : "\n", failures);
-        std::fflush(stdout);
+        state.SetIterationTime(times.back() / 1e3);
     }
+    state.counters["median_ms"] = times[case_count / 2];
+    state.counters["worst_ms"] = times.back();
+    state.counters["without_result"] = failures;
 }
 
 double exhaustive_time(PairingLists& lists)
@@ -133,29 +142,43 @@ double exhaustive_time(PairingLists& lists)
     return milliseconds_since(start);
 }
 
-void print_ratio(const Row& row)
+/// The search against trying all orders with the plain fit, in one run.
+void against_all_orders(benchmark::State& state, const Row& row)
 {
     PairingLists lists(exhaustive_count, 1);
     row.make(lists);
-    const double exhaustive = exhaustive_time(lists);
-    bool found;
-    const double search = search_time(row, exhaustive_count, 1, &found);
-    std::printf("%-36s %3d %10.2f %10.2f %8.0f\n", row.title, exhaustive_count, search, exhaustive,
-                exhaustive / search);
+    for (auto _ : state) {
+        const double exhaustive = exhaustive_time(lists);
+        bool found;
+        const double search = search_time(row, exhaustive_count, 1, &found);
+        state.SetIterationTime(search / 1e3);
+        state.counters["all_orders_ms"] = exhaustive;
+        state.counters["times_faster"] = exhaustive / search;
+    }
+}
+
+template <typename Function>
+void add(const std::string& name, Function function)
+{
+    benchmark::RegisterBenchmark(name.c_str(), function)
+        ->UseManualTime()
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
 }
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
+    benchmark::Initialize(&argc, argv);
     bool found;
     search_time(rows[0], exhaustive_count, 0, &found); // the first search builds a table
-    std::printf("Search for the order, 1 m objects, %d random cases, wall time [ms]\n", case_count);
-    std::printf("%-36s %3s %10s %10s\n", "lists", "n", "median", "worst");
     for (const Row& row : rows)
-        print_row(row);
-    std::printf("\nAgainst trying all orders with the plain fit, one case each [ms]\n");
-    std::printf("%-36s %3s %10s %10s %8s\n", "lists", "n", "search", "all", "ratio");
+        for (int n : row.counts)
+            add(std::string(row.title) + "/n:" + std::to_string(n),
+                [&row, n](benchmark::State& state) { search_cases(state, row, n); });
     for (const Row& row : rows)
-        print_ratio(row);
+        add(std::string("against all orders: ") + row.title + "/n:8",
+            [&row](benchmark::State& state) { against_all_orders(state, row); });
+    benchmark::RunSpecifiedBenchmarks();
 }
