@@ -5,36 +5,31 @@
 namespace
 {
 
-QList<double> numbers(const QByteArray& text)
+using Numbers = QList<double>;
+
+Numbers numbers(const QByteArray& text)
 {
-    QList<double> values;
+    Numbers values;
     for (const QByteArray& word : text.simplified().split(' '))
         values << word.toDouble();
     return values;
 }
 
-/// The contents of the bracketed groups, one list of numbers each.
-QList<QList<double>> groups(const QByteArray& line)
-{
-    QList<QList<double>> all;
-    for (int open = line.indexOf('['); open >= 0; open = line.indexOf('[', open + 1))
-        all << numbers(line.mid(open + 1, line.indexOf(']', open) - open - 1));
-    return all;
-}
-
 QVector<ObjectRecord> objects(const QByteArray& line, int groups_each)
 {
-    const QList<QList<double>> all = groups(line);
+    QList<Numbers> all; // the contents of the bracketed groups
+    for (int open = line.indexOf('['); open >= 0; open = line.indexOf('[', open + 1))
+        all << numbers(line.mid(open + 1, line.indexOf(']', open) - open - 1));
     QVector<ObjectRecord> records;
     for (int i = 0; i + groups_each <= all.size(); i += groups_each) {
         ObjectRecord record;
         record.id = int(all[i].value(0, -1));
         record.quality = all[i].value(1);
         record.buttons = int(all[i].value(2));
-        for (int k = 0; k < 3; ++k)
-            record.position[size_t(k)] = all[i + 1].value(k);
-        for (int k = 0; k < 9; ++k)
+        for (int k = 0; k < 9; ++k) {
             record.rotation[size_t(k)] = all[i + 2].value(k);
+            record.position[size_t(k % 3)] = all[i + 1].value(k % 3);
+        }
         record.bits = unsigned(all[i + 3].value(0));
         records << record;
     }
