@@ -4,7 +4,6 @@
 
 #include "tests/support/fatal_logger.h"
 
-#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -47,22 +46,6 @@ class TestDemo : public QObject
 
 private slots:
     void initTestCase() { install_fatal_logger(); }
-
-    void steps_go_on_inside_a_blocking_step()
-    {
-        Stepper stepper;
-        QEventLoop dialog;
-        QStringList order;
-        stepper.act("open", [&] { dialog.exec(), order.append("closed"); });
-        stepper.await("open now", [&] { return dialog.isRunning(); });
-        stepper.pause(50);
-        stepper.act("close", [&] { order.append("closing"), dialog.quit(); });
-        stepper.act("after", [&] { order.append("after"); });
-        QSignalSpy finished(&stepper, &Stepper::finished);
-        stepper.start();
-        QVERIFY(finished.count() == 1 || finished.wait());
-        QCOMPARE(order, QStringList({"closing", "closed", "after"}));
-    }
 
     void troubles_end_the_steps_data()
     {

@@ -100,39 +100,43 @@ private slots:
     {
         const QString none = "failed";
         for (const auto& [reply, as_int, as_double, as_bool, as_three] :
-             QList<std::tuple<QByteArray, QString, QString, QString, QString>>{
-                 {"ok 1", "1", "1", "true", none},
-                 {"ok 0", "0", "0", "false", none},
-                 {"ok -0.25", none, "-0.25", none, none},
-                 {"ok 1 -2.5 3e2", none, none, none, "1;-2.5;300"},
-                 {"ok 1,5", none, none, none, none},
-                 {"error 1", none, none, none, none},
-                 {"1", none, none, none, none},
-                 {"ok 1.5mm", none, none, none, none},
-                 {"ok 1 2 x", none, none, none, none}}) {
-            Bench bench(reply);
-            int whole = 7;
-            double real = 7.0;
-            bool truth = false;
-            double three[3] = {7, 8, 9};
-            const bool have_int = bench.gateway.get_param_int(&whole, "x") == 0;
-            const bool have_double = bench.gateway.get_param_double(&real, "x") == 0;
-            const bool have_bool = bench.gateway.get_param_bool(&truth, "x") == 0;
-            const bool have_three = bench.gateway.get_param_doubles(three, 3, "x") == 0;
-            const QString all = QString("%1;%2;%3").arg(three[0]).arg(three[1]).arg(three[2]);
-            QCOMPARE(have_int ? QString::number(whole) : none, as_int);
-            QCOMPARE(have_double ? QString::number(real) : none, as_double);
-            QCOMPARE(have_bool ? QString(truth ? "true" : "false") : none, as_bool);
-            QCOMPARE(have_three ? all : none, as_three);
-            // Failures change nothing.
-            QVERIFY((have_int || whole == 7) && (have_double || real == 7.0));
-            QVERIFY((have_bool || !truth) && (have_three || all == "7;8;9"));
-        }
-        for (const char* reply : {"", "ok", "ok none", "ok 1 2", "ok 1  3", "ok 1 2 3 4"}) {
+             {std::tuple("ok 1", "1", "1", "true", "failed"),
+              std::tuple("ok 0", "0", "0", "false", "failed"),
+              std::tuple("ok -0.25", "failed", "-0.25", "failed", "failed"),
+              std::tuple("ok 1 -2.5 3e2", "failed", "failed", "failed", "1;-2.5;300")}) {
             Bench bench{QByteArray(reply)};
-            double number = 0.0, three[3] = {};
-            QVERIFY2(bench.gateway.get_param_double(&number, "x") != 0, reply);
-            QVERIFY2(bench.gateway.get_param_doubles(three, 3, "x") != 0, reply);
+            int whole = 0;
+            double real = 0.0, three[3] = {};
+            bool truth = false;
+            const auto text = [&](int result, const QString& value) {
+                return result == 0 ? value : none;
+            };
+            const int results[] = {bench.gateway.get_param_int(&whole, "x"),
+                                   bench.gateway.get_param_double(&real, "x"),
+                                   bench.gateway.get_param_bool(&truth, "x"),
+                                   bench.gateway.get_param_doubles(three, 3, "x")};
+            QCOMPARE(text(results[0], QString::number(whole)), QString(as_int));
+            QCOMPARE(text(results[1], QString::number(real)), QString(as_double));
+            QCOMPARE(text(results[2], truth ? "true" : "false"), QString(as_bool));
+            QCOMPARE(
+                text(results[3], QString("%1;%2;%3").arg(three[0]).arg(three[1]).arg(three[2])),
+                QString(as_three));
+        }
+        for (const char* reply : {"", "1", "error 1", "ok", "ok none", "ok 1,5", "ok 1.5mm",
+                                  "ok 1 2", "ok 1  3", "ok 1 2 x", "ok 1 2 3 4"}) {
+            Bench bench{QByteArray(reply)};
+            int whole = 7;
+            bool truth = true;
+            double number = 7.0, three[3] = {7, 8, 9};
+            QVERIFY2(bench.gateway.get_param_int(&whole, "x")
+                         && bench.gateway.get_param_bool(&truth, "x"),
+                     reply);
+            QVERIFY2(bench.gateway.get_param_double(&number, "x")
+                         && bench.gateway.get_param_doubles(three, 3, "x"),
+                     reply);
+            // Failures change nothing.
+            QVERIFY2(whole == 7 && truth && number == 7.0, reply);
+            QVERIFY2(three[0] == 7 && three[1] == 8 && three[2] == 9, reply);
         }
     }
 

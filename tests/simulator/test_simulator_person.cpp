@@ -96,15 +96,6 @@ private slots:
         QVERIFY(!s.is_stopped());
     }
 
-    void switches_reach_the_controller()
-    {
-        Simulator s({});
-        converse(s, "sim tip_calibrated 0; get measurementtool tip_calibrated b01 > ok 0;"
-                    "sim roomcal mid_camera; get roomcal last_coordinate_type > ok mid_camera;"
-                    "sim camera 3 0; get tracking has_room c03 > ok 0;"
-                    "sim licence 0; get licence measurementtool > ok 0");
-    }
-
     void named_requests_fail_until_told_otherwise()
     {
         Simulator s({});
@@ -113,9 +104,8 @@ private slots:
                     "get tracking extra_scaling > ok 1.00000; get status active > ok idle;"
                     "set tracking extra_translation 1 2 3; sim fail;"
                     "set tracking extra_scaling 1.1; do tracking start");
-        for (int i = 0; i < Faults::max_prefixes; ++i)
-            converse(s, "sim fail x");
-        converse(s, "sim fail get > error; get status active > ok mea");
+        converse(s, QByteArray("sim fail x;").repeated(Faults::max_prefixes)
+                        + "sim fail get > error; get status active > ok mea");
     }
 
     void every_nth_request_fails()
@@ -130,20 +120,7 @@ private slots:
         }
         QCOMPARE(pattern, QByteArray("ooeooeo"));
         converse(s, "sim fail every 0");
-        for (int i = 0; i < 4; ++i)
-            converse(s, "get status active > ok idle");
-    }
-
-    void answers_are_delayed_but_not_the_persons()
-    {
-        Simulator s({});
-        QCOMPARE(s.answer("sim delay 250").delay_ms, 0);
-        QCOMPARE(s.answer("get status active").delay_ms, 250);
-        QCOMPARE(s.answer("nonsense").delay_ms, 250);
-        QCOMPARE(s.answer("sim fail get").delay_ms, 0);
-        QCOMPARE(s.answer("get status active").delay_ms, 250);
-        s.answer("sim delay 0");
-        QCOMPARE(s.answer("get status active").delay_ms, 0);
+        converse(s, QByteArray("get status active > ok idle;").repeated(4) + "sim find");
     }
 };
 

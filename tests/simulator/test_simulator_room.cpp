@@ -26,46 +26,6 @@ class TestSimulatorRoom : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void a_rotation_turns_right_handed_and_keeps_lengths()
-    {
-        QVERIFY(largest_difference(rotation_about({0, 0, 1}, 90) * Vec3{1, 0, 0}, {0, 1, 0})
-                < 1e-15);
-        QVERIFY(largest_difference(rotation_about({1, 0, 0}, 90) * Vec3{0, 1, 0}, {0, 0, 1})
-                < 1e-15);
-        const Vec3 axis = unit({1.0, -2.0, 0.5});
-        const Mat3 turned = rotation_about(axis, 77.0);
-        QVERIFY(is_rotation(turned, 1e-14));
-        QVERIFY(largest_difference(turned * axis, axis) < 1e-15);
-        QVERIFY(std::abs(turned(0, 0) + turned(1, 1) + turned(2, 2)
-                         - (1.0 + 2.0 * std::cos(77.0 * std::acos(-1.0) / 180.0)))
-                < 1e-14);
-    }
-
-    void only_rotations_pass_as_such()
-    {
-        const auto passes = [](std::array<double, 9> columns) {
-            Mat3 matrix;
-            matrix.columns = columns;
-            return is_rotation(matrix, 1e-5);
-        };
-        QVERIFY(passes({0, 1, 0, 0, 0, 1, 1, 0, 0}));
-        QVERIFY(passes({0.86602540, 0.5, 0, -0.5, 0.86602540, 0, 0, 0, 1})); // eight decimals
-        QVERIFY(!passes({1, 0, 0, 0, 1, 0, 0, 0, -1}));
-        QVERIFY(!passes({}));
-        QVERIFY(!passes({1.001, 0, 0, 0, 1.001, 0, 0, 0, 1.001}));
-        QVERIFY(!passes({1, 0, 0, 0.001, 1, 0, 0, 0, 1})); // sheared
-        QVERIFY(!passes({std::nan(""), 0, 0, 0, 1, 0, 0, 0, 1}));
-    }
-
-    void poses_chain_and_invert()
-    {
-        const Pose a = {rotation_about(unit({1, 2, 3}), 40.0), {10, -20, 30}};
-        const Pose b = {rotation_about(unit({-3, 1, 0}), 110.0), {-5, 0, 7}};
-        const Vec3 point = {100.0, 200.0, -50.0};
-        QVERIFY(largest_difference((a * b) * point, a * (b * point)) < 1e-12);
-        QVERIFY(largest_difference(inverse(a) * (a * point), point) < 1e-12);
-    }
-
     // A search over all pairings must have one clear winner: any two triangles differ somewhere.
     void points_can_be_told_apart_by_their_distances()
     {
@@ -92,11 +52,10 @@ private slots:
     {
         for (unsigned int seed = 0; seed < 200; ++seed) {
             const Pose T_world_object = place_object(seed);
-            QVERIFY(is_rotation(T_world_object.rotation, 1e-12));
             for (const Vec3& point : object_points()) {
                 const Vec3 p = T_world_object * point;
-                QVERIFY(p.y > 0.0);
-                QVERIFY(std::abs(p.x) < room_half_width && std::abs(p.z) < room_half_depth);
+                QVERIFY(p.y > 0.0 && std::abs(p.x) < room_half_width
+                        && std::abs(p.z) < room_half_depth);
             }
         }
         QVERIFY(length(place_object(1).position - place_object(2).position) > 1.0);

@@ -46,8 +46,8 @@ private slots:
                 const QPointF place = projection(s.world.object_point(int(i)));
                 QCOMPARE(view->point_at(place), int(i));
                 QTest::mouseClick(view, Qt::LeftButton, {}, place.toPoint());
-                QCOMPARE(s.world.tools[0].tip.x, s.world.object_point(int(i)).x);
-                QCOMPARE(s.world.tools[0].tip.y, s.world.object_point(int(i)).y);
+                const Vec3 off = s.world.tools[0].tip - s.world.object_point(int(i));
+                QVERIFY(dot(off, off) < 1e-12);
             }
             QCOMPARE(view->point_at({5, 5}), -1);
         }
@@ -92,23 +92,6 @@ private slots:
         QVERIFY(button<QCheckBox>(window, "Lose the tool")->isChecked());
         QVERIFY(button<QCheckBox>(window, "Lock the configuration")->isChecked());
         QVERIFY(button<QPushButton>(window, "Calibrate again"));
-    }
-
-    void the_picture_shows_changes_of_the_room()
-    {
-        Simulator s({});
-        RoomView view(s);
-        view.resize(800, 600);
-        QImage last = view.grab().toImage();
-        for (const char* requests :
-             {"sim touch 2", "sim lose", "sim find", "do tracking start; sim measure",
-              "sim press stick 1", "set tracking extra_translation 500 0 0", "sim camera 1 0",
-              "sim roomcal powerwall", "sim roomcal none"}) {
-            converse(s, requests);
-            const QImage now = view.grab().toImage();
-            QVERIFY2(now != last, requests);
-            last = now;
-        }
     }
 
     void labels_do_not_cover_each_other()
