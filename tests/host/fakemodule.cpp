@@ -60,10 +60,8 @@ void FakeModule::set_param(QString key, QVariant value)
         say("window " + value.value<QWidget*>()->objectName());
     if (key == "BackendVersions") {
         const BackendVersions& versions = *value.value<BackendVersions*>();
-        say(QString("backend %1.%2.%3")
-                .arg(versions.major)
-                .arg(versions.minor)
-                .arg(versions.patch));
+        const QString text("backend %1.%2.%3");
+        say(text.arg(versions.major).arg(versions.minor).arg(versions.patch));
     }
     if (key == "ObserverMode")
         say(value.toBool() ? "observer" : "no observer");

@@ -49,18 +49,11 @@ void ScriptedController::run(std::function<void(quint16)> tell_port)
         if (!server.waitForNewConnection(poll_time))
             continue;
         const std::unique_ptr<QTcpSocket> socket(server.nextPendingConnection());
-        serve(*socket);
-    }
-}
-
-void ScriptedController::serve(QTcpSocket& socket)
-{
-    while (!stopping && socket.state() == QAbstractSocket::ConnectedState) {
-        if (!socket.canReadLine() && !socket.waitForReadyRead(poll_time))
-            continue;
-        while (socket.canReadLine())
-            if (!answer(socket, socket.readLine().trimmed()))
-                return;
+        bool serving = true;
+        while (serving && !stopping && socket->state() == QAbstractSocket::ConnectedState)
+            if (socket->canReadLine() || socket->waitForReadyRead(poll_time))
+                while (serving && socket->canReadLine())
+                    serving = answer(*socket, socket->readLine().trimmed());
     }
 }
 

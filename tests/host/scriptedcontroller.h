@@ -36,7 +36,6 @@ public:
 
 private:
     void run(std::function<void(quint16)> tell_port);
-    void serve(QTcpSocket& socket);
     bool answer(QTcpSocket& socket, const QByteArray& request);
 
     Script script;

@@ -52,6 +52,13 @@ void send(const QByteArray& datagram, quint16 port)
              qint64(datagram.size()));
 }
 
+void replay(DataReceiver& receiver, const QString& file)
+{
+    auto reader = std::make_unique<RecordingReader>(file);
+    QVERIFY(reader->open());
+    receiver.replay(std::move(reader));
+}
+
 QString next_report(DataReceiver& receiver)
 {
     QStringList reports;
@@ -68,196 +75,152 @@ class TestDataReceiver : public QObject
 
 private slots:
     void initTestCase() { install_fatal_logger(); }
-    void only_known_requesters_may_subscribe();
-    void subscribed_lines_arrive_in_order();
-    void torn_lines_are_dropped_data();
-    void torn_lines_are_dropped();
-    void nothing_arrives_after_removal();
-    void requester_may_leave_while_served();
-    void recording_can_be_replayed();
-    void replay_waits_for_listeners();
-    void faults_of_a_replay_are_reported();
-};
 
-void TestDataReceiver::only_known_requesters_may_subscribe()
-{
-    Subscriptions subscriptions;
-    KeepingRequester requester;
-    QVERIFY(subscriptions.add(nullptr) != 0);
-    QVERIFY(subscriptions.subscribe("ts", &requester) != 0);
-    QVERIFY(subscriptions.remove(&requester) != 0);
-    QCOMPARE(subscriptions.add(&requester), 0);
-    QCOMPARE(subscriptions.add(&requester), 0);
-    QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
-    QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
-    subscriptions.deliver("ts 1");
-    QCOMPARE(requester.lines().size(), 1);
-    QCOMPARE(subscriptions.unsubscribe("ts", &requester), 0);
-    QVERIFY(subscriptions.unsubscribe("ts", &requester) != 0);
-    QCOMPARE(subscriptions.subscribe("fr", &requester), 0);
-    QCOMPARE(subscriptions.remove(&requester), 0);
-    QVERIFY(subscriptions.empty());
-}
-
-void TestDataReceiver::subscribed_lines_arrive_in_order()
-{
-    Subscriptions subscriptions;
-    KeepingRequester both;
-    KeepingRequester one;
-    subscriptions.add(&both);
-    subscriptions.add(&one);
-    subscriptions.subscribe("ts", &both);
-    subscriptions.subscribe("6dmt", &both);
-    subscriptions.subscribe("6dmt2", &one);
-    DataReceiver receiver(subscriptions);
-    const quint16 port = receiver.listen();
-    QVERIFY(port != 0);
-    send("fr 1\nts 1.0\n6dmt 0\n6dmt2 0\n", port);
-    send("ts\n6dmt2\tx\nts 2.0\n", port);
-    QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(7), patience);
-    receiver.stop();
-    QCOMPARE(both.lines(), QList<QByteArray>({"ts|ts 1.0", "6dmt|6dmt 0", "ts|ts", "ts|ts 2.0"}));
-    QCOMPARE(one.lines(), QList<QByteArray>({"6dmt2|6dmt2 0"}));
-    QCOMPARE(receiver.counters().frames, quint64(2));
-}
-
-void TestDataReceiver::torn_lines_are_dropped_data()
-{
-    QTest::addColumn<QByteArray>("datagram");
-    QTest::addColumn<QList<QByteArray>>("expected");
-    QTest::addColumn<int>("expected_torn");
-    using Lines = QList<QByteArray>;
-    QTest::newRow("whole") << QByteArray("a\nb\n") << Lines({"a", "b"}) << 0;
-    QTest::newRow("cut") << QByteArray("a\nb") << Lines({"a"}) << 1;
-    QTest::newRow("nothing whole") << QByteArray("a") << Lines() << 1;
-    QTest::newRow("empty lines") << QByteArray("\na\n\n") << Lines({"a"}) << 0;
-    QTest::newRow("empty") << QByteArray() << Lines() << 0;
-}
-
-void TestDataReceiver::torn_lines_are_dropped()
-{
-    QFETCH(QByteArray, datagram);
-    int torn = 0;
-    QTEST(complete_lines(datagram, &torn), "expected");
-    QTEST(torn, "expected_torn");
-}
-
-// The requester is gone after each removal, so a late line is a use after free as well.
-void TestDataReceiver::nothing_arrives_after_removal()
-{
-    Subscriptions subscriptions;
-    std::atomic<bool> flooding{true};
-    std::atomic<int> delivered{0};
-    std::atomic<int> uninvited{0};
-    std::thread flood([&] {
-        while (flooding)
-            subscriptions.deliver("ts 1");
-    });
-    for (int round = 0; round < 200; ++round) {
-        std::atomic<bool> invited{true};
+    void only_known_requesters_may_subscribe()
+    {
+        Subscriptions subscriptions;
         KeepingRequester requester;
-        requester.when_called = [&] { ++(invited ? delivered : uninvited); };
-        subscriptions.add(&requester);
-        subscriptions.subscribe("ts", &requester);
-        const int before = delivered;
-        while (delivered == before)
-            std::this_thread::yield();
-        if (round % 2)
-            subscriptions.unsubscribe("ts", &requester);
-        else
-            subscriptions.remove(&requester);
-        invited = false;
-        std::this_thread::yield();
-        subscriptions.remove(&requester);
+        QVERIFY(subscriptions.add(nullptr) != 0);
+        QVERIFY(subscriptions.subscribe("ts", &requester) != 0);
+        QVERIFY(subscriptions.remove(&requester) != 0);
+        QCOMPARE(subscriptions.add(&requester), 0);
+        QCOMPARE(subscriptions.add(&requester), 0);
+        QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
+        QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
+        subscriptions.deliver("ts 1");
+        QCOMPARE(requester.lines().size(), 1);
+        QCOMPARE(subscriptions.unsubscribe("ts", &requester), 0);
+        QVERIFY(subscriptions.unsubscribe("ts", &requester) != 0);
+        QCOMPARE(subscriptions.subscribe("fr", &requester), 0);
+        QCOMPARE(subscriptions.remove(&requester), 0);
+        QVERIFY(subscriptions.empty());
     }
-    flooding = false;
-    flood.join();
-    QCOMPARE(uninvited.load(), 0);
-}
 
-void TestDataReceiver::requester_may_leave_while_served()
-{
-    Subscriptions subscriptions;
-    KeepingRequester leaver;
-    KeepingRequester stayer;
-    leaver.when_called = [&] { subscriptions.remove(&leaver), subscriptions.remove(&stayer); };
-    for (KeepingRequester* requester : {&leaver, &stayer}) {
-        subscriptions.add(requester);
-        subscriptions.subscribe("ts", requester);
-    }
-    subscriptions.deliver("ts 1");
-    subscriptions.deliver("ts 2");
-    QCOMPARE(leaver.lines().size(), 1);
-    QCOMPARE(stayer.lines().size(), 0);
-}
-
-void TestDataReceiver::recording_can_be_replayed()
-{
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("lines"));
-    Subscriptions subscriptions;
+    void subscribed_lines_arrive_in_order()
     {
+        Subscriptions subscriptions;
+        KeepingRequester both, one;
+        subscriptions.add(&both);
+        subscriptions.add(&one);
+        subscriptions.subscribe("ts", &both);
+        subscriptions.subscribe("6dmt", &both);
+        subscriptions.subscribe("6dmt2", &one);
         DataReceiver receiver(subscriptions);
-        auto recorder = std::make_unique<Recorder>(file);
-        QVERIFY(recorder->open());
-        receiver.record(std::move(recorder));
         const quint16 port = receiver.listen();
-        send("ts 1\nfr 1\n", port);
-        QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(2), patience);
-        QTest::qWait(100);
-        send("ts 2\n", port);
-        QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(3), patience);
+        QVERIFY(port != 0);
+        send("fr 1\nts 1.0\n6dmt 0\n6dmt2 0\n", port);
+        send("ts\n6dmt2\tx\nts 2.0\n", port);
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(7), patience);
+        receiver.stop();
+        QCOMPARE(both.lines(),
+                 QList<QByteArray>({"ts|ts 1.0", "6dmt|6dmt 0", "ts|ts", "ts|ts 2.0"}));
+        QCOMPARE(one.lines(), QList<QByteArray>({"6dmt2|6dmt2 0"}));
+        QCOMPARE(receiver.counters().frames, quint64(2));
     }
-    KeepingRequester requester;
-    subscriptions.add(&requester);
-    subscriptions.subscribe("ts", &requester);
-    DataReceiver receiver(subscriptions);
-    auto reader = std::make_unique<RecordingReader>(file);
-    QVERIFY(reader->open());
-    QElapsedTimer clock;
-    clock.start();
-    receiver.replay(std::move(reader));
-    QTRY_COMPARE_WITH_TIMEOUT(requester.lines(), QList<QByteArray>({"ts|ts 1", "ts|ts 2"}),
-                              patience);
-    QVERIFY(clock.elapsed() >= 100);
-    QVERIFY(next_report(receiver).contains(QStringLiteral("end")));
-}
 
-void TestDataReceiver::replay_waits_for_listeners()
-{
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("lines"));
+    void torn_lines_are_dropped()
     {
-        Recorder recorder(file);
-        QVERIFY(recorder.open() && recorder.write(0.0, "ts 1"));
+        for (const auto& [datagram, expected, expected_torn] :
+             {std::tuple("a\nb\n", "a|b", 0), std::tuple("a\nb", "a", 1), std::tuple("a", "", 1),
+              std::tuple("\na\n\n", "a", 0), std::tuple("", "", 0)}) {
+            int torn = 0;
+            QCOMPARE(complete_lines(datagram, &torn).join('|'), QByteArray(expected));
+            QCOMPARE(torn, expected_torn);
+        }
     }
-    Subscriptions subscriptions;
-    KeepingRequester requester;
-    subscriptions.add(&requester);
-    DataReceiver receiver(subscriptions);
-    auto reader = std::make_unique<RecordingReader>(file);
-    QVERIFY(reader->open());
-    receiver.replay(std::move(reader));
-    QTest::qWait(100);
-    QCOMPARE(receiver.counters().lines, quint64(0));
-    subscriptions.subscribe("ts", &requester);
-    QTRY_COMPARE_WITH_TIMEOUT(requester.lines().size(), 1, patience);
-}
 
-void TestDataReceiver::faults_of_a_replay_are_reported()
-{
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("lines")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("tracking data recording 1\nnonsense\n");
-    file.close();
-    Subscriptions subscriptions;
-    DataReceiver receiver(subscriptions);
-    auto reader = std::make_unique<RecordingReader>(file.fileName());
-    QVERIFY(reader->open());
-    receiver.replay(std::move(reader));
-    QVERIFY(next_report(receiver).contains(QStringLiteral("line 2")));
-}
+    // The requester is gone after each removal, so a late line is a use after free as well.
+    void nothing_arrives_after_removal()
+    {
+        Subscriptions subscriptions;
+        std::atomic<bool> flooding{true};
+        std::atomic<int> delivered{0}, uninvited{0};
+        std::thread flood([&] {
+            while (flooding)
+                subscriptions.deliver("ts 1");
+        });
+        for (int round = 0; round < 200; ++round) {
+            std::atomic<bool> invited{true};
+            KeepingRequester requester;
+            requester.when_called = [&] { ++(invited ? delivered : uninvited); };
+            subscriptions.add(&requester);
+            subscriptions.subscribe("ts", &requester);
+            const int before = delivered;
+            while (delivered == before)
+                std::this_thread::yield();
+            if (round % 2)
+                subscriptions.unsubscribe("ts", &requester);
+            else
+                subscriptions.remove(&requester);
+            invited = false;
+            std::this_thread::yield();
+            subscriptions.remove(&requester);
+        }
+        flooding = false;
+        flood.join();
+        QCOMPARE(uninvited.load(), 0);
+    }
+
+    void requester_may_leave_while_served()
+    {
+        Subscriptions subscriptions;
+        KeepingRequester leaver, stayer;
+        leaver.when_called = [&] { subscriptions.remove(&leaver), subscriptions.remove(&stayer); };
+        for (KeepingRequester* requester : {&leaver, &stayer}) {
+            subscriptions.add(requester);
+            subscriptions.subscribe("ts", requester);
+        }
+        subscriptions.deliver("ts 1");
+        subscriptions.deliver("ts 2");
+        QCOMPARE(leaver.lines().size(), 1);
+        QCOMPARE(stayer.lines().size(), 0);
+    }
+
+    void recording_can_be_replayed()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("lines");
+        Subscriptions subscriptions;
+        {
+            DataReceiver receiver(subscriptions);
+            auto recorder = std::make_unique<Recorder>(file);
+            QVERIFY(recorder->open());
+            receiver.record(std::move(recorder));
+            const quint16 port = receiver.listen();
+            send("ts 1\nfr 1\n", port);
+            QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(2), patience);
+            QTest::qWait(100);
+            send("ts 2\n", port);
+            QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(3), patience);
+        }
+        KeepingRequester requester;
+        subscriptions.add(&requester);
+        DataReceiver receiver(subscriptions);
+        replay(receiver, file);
+        QTest::qWait(100);
+        QCOMPARE(receiver.counters().lines, quint64(0)); // waits for listeners
+        QElapsedTimer clock;
+        clock.start();
+        subscriptions.subscribe("ts", &requester);
+        QTRY_COMPARE_WITH_TIMEOUT(requester.lines(), QList<QByteArray>({"ts|ts 1", "ts|ts 2"}),
+                                  patience);
+        QVERIFY(clock.elapsed() >= 90);
+        QVERIFY(next_report(receiver).contains("end"));
+    }
+
+    void faults_of_a_replay_are_reported()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath("lines"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("tracking data recording 1\nnonsense\n");
+        file.close();
+        Subscriptions subscriptions;
+        DataReceiver receiver(subscriptions);
+        replay(receiver, file.fileName());
+        QVERIFY(next_report(receiver).contains("line 2"));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestDataReceiver)
 #include "test_datareceiver.moc"

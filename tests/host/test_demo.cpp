@@ -4,7 +4,6 @@
 
 #include "tests/support/fatal_logger.h"
 
-#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -47,84 +46,60 @@ class TestDemo : public QObject
 
 private slots:
     void initTestCase() { install_fatal_logger(); }
-    void steps_go_on_inside_a_blocking_step();
-    void troubles_end_the_steps_data();
-    void troubles_end_the_steps();
-    void rounding_stays_within_what_is_allowed();
-};
 
-void TestDemo::steps_go_on_inside_a_blocking_step()
-{
-    Stepper stepper;
-    QEventLoop dialog;
-    QStringList order;
-    stepper.act("open", [&] {
-        dialog.exec();
-        order.append("closed");
-    });
-    stepper.await("open now", [&] { return dialog.isRunning(); });
-    stepper.pause(50);
-    stepper.act("close", [&] {
-        order.append("closing");
-        dialog.quit();
-    });
-    stepper.act("after", [&] { order.append("after"); });
-    QSignalSpy finished(&stepper, &Stepper::finished);
-    stepper.start();
-    QVERIFY(finished.count() == 1 || finished.wait());
-    QCOMPARE(order, QStringList({"closing", "closed", "after"}));
-}
-
-void TestDemo::troubles_end_the_steps_data()
-{
-    QTest::addColumn<QString>("trouble");
-    QTest::newRow("nothing happened");
-    QTest::newRow("thrown");
-    QTest::newRow("alarm");
-}
-
-void TestDemo::troubles_end_the_steps()
-{
-    const QString trouble = QLatin1String(QTest::currentDataTag());
-    Stepper stepper;
-    bool went_on = false;
-    if (trouble == "alarm")
-        stepper.setAlarm([trouble] { return trouble; });
-    if (trouble == "thrown")
-        stepper.act("the step", [trouble] { throw DemoFailure(trouble); });
-    stepper.await(
-        "the step", [] { return false; }, 100);
-    stepper.act("next", [&] { went_on = true; });
-    QSignalSpy failed(&stepper, &Stepper::failed);
-    stepper.start();
-    QVERIFY(failed.count() == 1 || failed.wait());
-    const QString text = failed.first().first().toString();
-    QVERIFY2(text.contains("\"the step\"") && text.contains(trouble), qPrintable(text));
-    QTest::qWait(100);
-    QVERIFY(!went_on);
-    QCOMPARE(failed.count(), 1);
-}
-
-void TestDemo::rounding_stays_within_what_is_allowed()
-{
-    std::mt19937 random(1);
-    std::uniform_real_distribution<double> angle(-179.0, 180.0);
-    std::uniform_real_distribution<double> length(-2000.0, 2000.0);
-    const MeasurementLimits no_noise = {0.0, 60.0, 0};
-    double worst_share = 0.0;
-    for (int i = 0; i < 20000; ++i) {
-        const Point angles = {angle(random), angle(random), angle(random)};
-        const Point origin = {length(random), length(random), length(random)};
-        const Point object_point = {length(random) / 10, length(random) / 10, length(random) / 10};
-        const Pose room_object = {rotation_from_angles(angles[0], angles[1], angles[2]), origin};
-        const Point room_point = room_object(object_point);
-        const double deviation = distance(reported(room_point, angles, origin), object_point);
-        worst_share = std::max(worst_share, deviation / allowed_deviation(no_noise, room_point));
+    void troubles_end_the_steps_data()
+    {
+        QTest::addColumn<QString>("trouble");
+        for (const char* trouble : {"nothing happened", "thrown", "alarm"})
+            QTest::newRow(trouble) << trouble;
     }
-    qInfo("largest share of what is allowed: %.2f", worst_share);
-    QVERIFY(worst_share <= 1.0);
-    QVERIFY(worst_share > 0.3); // a limit far above what happens would check nothing
-}
+
+    void troubles_end_the_steps()
+    {
+        QFETCH(QString, trouble);
+        Stepper stepper;
+        bool went_on = false;
+        if (trouble == "alarm")
+            stepper.setAlarm([trouble] { return trouble; });
+        if (trouble == "thrown")
+            stepper.act("the step", [trouble] { throw DemoFailure(trouble); });
+        const auto never = [] { return false; };
+        stepper.await("the step", never, 100);
+        stepper.act("next", [&] { went_on = true; });
+        QSignalSpy failed(&stepper, &Stepper::failed);
+        stepper.start();
+        QVERIFY(failed.count() == 1 || failed.wait());
+        const QString text = failed.first().first().toString();
+        QVERIFY2(text.contains("\"the step\"") && text.contains(trouble), qPrintable(text));
+        QTest::qWait(100);
+        QVERIFY(!went_on);
+        QCOMPARE(failed.count(), 1);
+    }
+
+    void rounding_stays_within_what_is_allowed()
+    {
+        std::mt19937 random(1);
+        std::uniform_real_distribution<double> angle(-179.0, 180.0);
+        std::uniform_real_distribution<double> length(-2000.0, 2000.0);
+        const MeasurementLimits no_noise = {0.0, 60.0, 0};
+        double worst_share = 0.0;
+        for (int i = 0; i < 20000; ++i) {
+            const Point angles = {angle(random), angle(random), angle(random)};
+            const Point origin = {length(random), length(random), length(random)};
+            const Point object_point = {length(random) / 10, length(random) / 10,
+                                        length(random) / 10};
+            const Pose room_object = {rotation_from_angles(angles[0], angles[1], angles[2]),
+                                      origin};
+            const Point room_point = room_object(object_point);
+            const double deviation = distance(reported(room_point, angles, origin), object_point);
+            worst_share =
+                std::max(worst_share, deviation / allowed_deviation(no_noise, room_point));
+        }
+        qInfo("largest share of what is allowed: %.2f", worst_share);
+        QVERIFY(worst_share <= 1.0);
+        QVERIFY(worst_share > 0.3); // a limit far above what happens would check nothing
+    }
+};
 
 QTEST_GUILESS_MAIN(TestDemo)
 #include "test_demo.moc"

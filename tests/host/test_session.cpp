@@ -6,7 +6,6 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace
@@ -23,18 +22,18 @@ Pieces backend_script(const QByteArray& request)
 Options options_for(const ScriptedController& controller)
 {
     Options options;
-    options.plugin = QStringLiteral(FAKE_MODULE);
-    options.controller_host = QStringLiteral("127.0.0.1");
+    options.plugin = FAKE_MODULE;
+    options.controller_host = "127.0.0.1";
     options.controller_port = controller.port();
     return options;
 }
 
-QStringList menu_titles(MainWindow& window)
+QStringList texts(const QList<QAction*>& actions)
 {
-    QStringList titles;
-    for (const QAction* action : window.menuBar()->actions())
-        titles.append(action->text());
-    return titles;
+    QStringList all;
+    for (const QAction* action : actions)
+        all.append(action->text());
+    return all;
 }
 
 // What the fake module has said, without times.
@@ -56,132 +55,93 @@ class TestSession : public QObject
 
 private slots:
     void initTestCase() { install_fatal_logger(); }
-    void module_is_led_through_its_life();
-    void observer_mode_is_passed_on();
-    void menus_stand_by_rank();
-    void missing_parts_are_named_data();
-    void missing_parts_are_named();
-    void simulator_must_say_where_it_listens_data();
-    void simulator_must_say_where_it_listens();
-    void lost_simulator_is_told();
-    void panes_are_bounded();
+
+    void module_is_led_through_its_life()
+    {
+        ScriptedController controller(backend_script);
+        Session session(options_for(controller));
+        QVERIFY2(session.start(), qPrintable(session.errorText()));
+        const QStringList beginning = {"window MainWindow", "backend 1.18.-1", "elements"};
+        QCOMPARE(said(session.mainWindow()), beginning);
+        session.shutDown();
+        QCOMPARE(said(session.mainWindow()),
+                 beginning + QStringList({"about to exit", "exit", "deleted"}));
+        session.shutDown();
+        QCOMPARE(said(session.mainWindow()).size(), 6);
+        const QList<QByteArray> requests = controller.requests();
+        QCOMPARE(requests.size(), 3);
+        QVERIFY(requests[1].startsWith("do data stream "));
+        QCOMPARE(requests[2], QByteArray("do data stream 0"));
+    }
+
+    void menus_stand_by_rank_and_observer_mode_is_passed_on()
+    {
+        ScriptedController controller(backend_script);
+        Options options = options_for(controller);
+        options.observer = true;
+        Session session(options);
+        QVERIFY(session.start());
+        MainWindow& window = session.mainWindow();
+        QCOMPARE(said(window).at(2), QString("observer"));
+        const QList<QAction*> menus = window.menuBar()->actions();
+        QCOMPARE(texts(menus), QStringList({"&File", "&Before", "&Calibration", "&Help"}));
+        QCOMPARE(texts(menus[2]->menu()->actions()), QStringList({"&Early", "&Late"}));
+        session.shutDown();
+        QCOMPARE(texts(window.menuBar()->actions()), QStringList({"&File", "&Help"}));
+    }
+
+    void missing_parts_are_named()
+    {
+        const QString module = FAKE_MODULE;
+        for (const auto& [plugin, version, replay, named] :
+             QList<std::tuple<QString, QByteArray, QString, QString>>{
+                 {"/no/module.so", "ok 1 2 3", "", "/no/module.so"},
+                 {module, "error unknown", "", "unknown"},
+                 {module, "ok 1.18.0", "", "1.18.0"},
+                 {module, "ok 1 2 3", "/no/lines", "/no/lines"}}) {
+            ScriptedController controller(version);
+            Options options = options_for(controller);
+            options.plugin = plugin;
+            options.replay_file = replay;
+            Session session(options);
+            QVERIFY(!session.start());
+            QVERIFY2(session.errorText().contains(named), qPrintable(session.errorText()));
+        }
+    }
+
+    void simulator_must_say_where_it_listens()
+    {
+        for (const auto& [script, port] : QList<QPair<QString, int>>{
+                 {"echo listening 127.0.0.1:40123; exec sleep 20", 40123},
+                 {"printf 'listening 127.0'; sleep 0.1; echo .0.1:99; exec sleep 20", 99},
+                 {"echo hello; exec sleep 20", 0},
+                 {"echo listening 127.0.0.1:0; exec sleep 20", 0},
+                 {"exit 1", 0}}) {
+            ControllerProcess process;
+            const bool launched = process.launch("/bin/sh", {"-c", script});
+            QCOMPARE(launched ? int(process.port()) : 0, port);
+            QCOMPARE(process.errorText().isEmpty(), launched);
+            QCOMPARE(process.state(), launched ? QProcess::Running : QProcess::NotRunning);
+        }
+    }
+
+    void lost_simulator_is_told()
+    {
+        ControllerProcess process;
+        QSignalSpy lost(&process, &ControllerProcess::lost);
+        QVERIFY(process.launch("/bin/sh", {"-c", "echo listening 127.0.0.1:1; sleep 0.1; exit 3"}));
+        QVERIFY(lost.wait());
+        QVERIFY(lost.first().first().toString().contains(QStringLiteral("(3)")));
+    }
+
+    void panes_are_bounded()
+    {
+        MainWindow window;
+        for (int i = 0; i < 3000; ++i)
+            window.addExchange({});
+        QCOMPARE(window.findChild<QPlainTextEdit*>("traffic")->blockCount(), 2000);
+    }
 };
-
-void TestSession::module_is_led_through_its_life()
-{
-    ScriptedController controller(backend_script);
-    Session session(options_for(controller));
-    QVERIFY2(session.start(), qPrintable(session.errorText()));
-    const QStringList beginning = {"window MainWindow", "backend 1.18.-1", "elements"};
-    QCOMPARE(said(session.mainWindow()), beginning);
-    session.shutDown();
-    QCOMPARE(said(session.mainWindow()),
-             beginning + QStringList({"about to exit", "exit", "deleted"}));
-    session.shutDown();
-    QCOMPARE(said(session.mainWindow()).size(), 6);
-    const QList<QByteArray> requests = controller.requests();
-    QCOMPARE(requests.size(), 3);
-    QVERIFY(requests[1].startsWith("do data stream "));
-    QCOMPARE(requests[2], QByteArray("do data stream 0"));
-}
-
-void TestSession::observer_mode_is_passed_on()
-{
-    ScriptedController controller(backend_script);
-    Options options = options_for(controller);
-    options.observer = true;
-    Session session(options);
-    QVERIFY(session.start());
-    QCOMPARE(said(session.mainWindow()).at(2), QStringLiteral("observer"));
-}
-
-void TestSession::menus_stand_by_rank()
-{
-    ScriptedController controller(backend_script);
-    Session session(options_for(controller));
-    QVERIFY(session.start());
-    MainWindow& window = session.mainWindow();
-    QCOMPARE(menu_titles(window), QStringList({"&File", "&Before", "&Calibration", "&Help"}));
-    const QList<QAction*> entries = window.menuBar()->actions().at(2)->menu()->actions();
-    QCOMPARE(entries.size(), 2);
-    QCOMPARE(entries[0]->text(), QStringLiteral("&Early"));
-    QCOMPARE(entries[1]->text(), QStringLiteral("&Late"));
-    session.shutDown();
-    QCOMPARE(menu_titles(window), QStringList({"&File", "&Help"}));
-}
-
-void TestSession::missing_parts_are_named_data()
-{
-    QTest::addColumn<QString>("plugin");
-    QTest::addColumn<QByteArray>("version");
-    QTest::addColumn<QString>("replay");
-    QTest::addColumn<QString>("named");
-    const QString module = QStringLiteral(FAKE_MODULE);
-    QTest::newRow("no module") << "/no/module.so" << QByteArray("ok 1 2 3") << ""
-                               << "/no/module.so";
-    QTest::newRow("no version") << module << QByteArray("error unknown") << ""
-                                << "unknown";
-    QTest::newRow("odd version") << module << QByteArray("ok 1.18.0") << ""
-                                 << "1.18.0";
-    QTest::newRow("no recording") << module << QByteArray("ok 1 2 3") << "/no/lines"
-                                  << "/no/lines";
-}
-
-void TestSession::missing_parts_are_named()
-{
-    QFETCH(QString, plugin);
-    QFETCH(QByteArray, version);
-    QFETCH(QString, replay);
-    QFETCH(QString, named);
-    ScriptedController controller(version);
-    Options options = options_for(controller);
-    options.plugin = plugin;
-    options.replay_file = replay;
-    Session session(options);
-    QVERIFY(!session.start());
-    QVERIFY2(session.errorText().contains(named), qPrintable(session.errorText()));
-}
-
-void TestSession::simulator_must_say_where_it_listens_data()
-{
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<int>("port");
-    QTest::newRow("as agreed") << "echo listening 127.0.0.1:40123; exec sleep 20" << 40123;
-    QTest::newRow("in two parts")
-        << "printf 'listening 127.0'; sleep 0.1; echo .0.1:99; exec sleep 20" << 99;
-    QTest::newRow("nonsense") << "echo hello; exec sleep 20" << 0;
-    QTest::newRow("no port") << "echo listening 127.0.0.1:0; exec sleep 20" << 0;
-    QTest::newRow("ends at once") << "exit 1" << 0;
-}
-
-void TestSession::simulator_must_say_where_it_listens()
-{
-    QFETCH(QString, script);
-    QFETCH(int, port);
-    ControllerProcess process;
-    const bool launched = process.launch(QStringLiteral("/bin/sh"), {"-c", script});
-    QCOMPARE(launched ? int(process.port()) : 0, port);
-    QCOMPARE(process.errorText().isEmpty(), launched);
-    QCOMPARE(process.state(), launched ? QProcess::Running : QProcess::NotRunning);
-}
-
-void TestSession::lost_simulator_is_told()
-{
-    ControllerProcess process;
-    QSignalSpy lost(&process, &ControllerProcess::lost);
-    QVERIFY(process.launch("/bin/sh", {"-c", "echo listening 127.0.0.1:1; sleep 0.1; exit 3"}));
-    QVERIFY(lost.wait());
-    QVERIFY(lost.first().first().toString().contains(QStringLiteral("(3)")));
-}
-
-void TestSession::panes_are_bounded()
-{
-    MainWindow window;
-    Exchange exchange;
-    for (int i = 0; i < 3000; ++i)
-        window.addExchange(exchange);
-    QCOMPARE(window.findChild<QPlainTextEdit*>("traffic")->blockCount(), 2000);
-}
 
 QTEST_MAIN(TestSession)
 #include "test_session.moc"

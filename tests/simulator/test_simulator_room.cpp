@@ -26,147 +26,76 @@ class TestSimulatorRoom : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void a_rotation_turns_right_handed_and_keeps_lengths();
-    void only_rotations_pass_as_such_data();
-    void only_rotations_pass_as_such();
-    void poses_chain_and_invert();
-    void points_can_be_told_apart_by_their_distances();
-    void the_object_stands_in_the_room_for_every_seed();
-    void cameras_hang_on_the_walls_and_look_inside();
-    void calibrations_put_axes_and_origin_data();
-    void calibrations_put_axes_and_origin();
-};
+    // A search over all pairings must have one clear winner: any two triangles differ somewhere.
+    void points_can_be_told_apart_by_their_distances()
+    {
+        const std::vector<Vec3> points = object_points();
+        QVERIFY(points.size() >= 8);
+        std::vector<Vec3> triangles; // side lengths in order
+        for (size_t i = 0; i < points.size(); ++i)
+            for (size_t j = 0; j < i; ++j)
+                for (size_t k = 0; k < j; ++k) {
+                    double sides[] = {length(points[i] - points[j]), length(points[j] - points[k]),
+                                      length(points[k] - points[i])};
+                    std::sort(std::begin(sides), std::end(sides));
+                    triangles.push_back({sides[0], sides[1], sides[2]});
+                }
+        double least = 1e9;
+        for (size_t a = 0; a < triangles.size(); ++a)
+            for (size_t b = 0; b < a; ++b)
+                least = std::min(least, largest_difference(triangles[a], triangles[b]));
+        qInfo("the most similar triangles differ by %.1f mm", least);
+        QVERIFY(least > 2.0);
+    }
 
-void TestSimulatorRoom::a_rotation_turns_right_handed_and_keeps_lengths()
-{
-    QVERIFY(largest_difference(rotation_about({0, 0, 1}, 90) * Vec3{1, 0, 0}, {0, 1, 0}) < 1e-15);
-    QVERIFY(largest_difference(rotation_about({1, 0, 0}, 90) * Vec3{0, 1, 0}, {0, 0, 1}) < 1e-15);
-    const Vec3 axis = unit({1.0, -2.0, 0.5});
-    const Mat3 turned = rotation_about(axis, 77.0);
-    QVERIFY(is_rotation(turned, 1e-14));
-    QVERIFY(largest_difference(turned * axis, axis) < 1e-15);
-    QVERIFY(std::abs(turned(0, 0) + turned(1, 1) + turned(2, 2)
-                     - (1.0 + 2.0 * std::cos(77.0 * std::acos(-1.0) / 180.0)))
-            < 1e-14);
-}
-
-void TestSimulatorRoom::only_rotations_pass_as_such_data()
-{
-    QTest::addColumn<QVector<double>>("columns");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("cyclic axes") << QVector<double>{0, 1, 0, 0, 0, 1, 1, 0, 0} << true;
-    QTest::newRow("eight decimals")
-        << QVector<double>{0.86602540, 0.5, 0, -0.5, 0.86602540, 0, 0, 0, 1} << true;
-    QTest::newRow("mirror") << QVector<double>{1, 0, 0, 0, 1, 0, 0, 0, -1} << false;
-    QTest::newRow("null") << QVector<double>(9, 0.0) << false;
-    QTest::newRow("scaled") << QVector<double>{1.001, 0, 0, 0, 1.001, 0, 0, 0, 1.001} << false;
-    QTest::newRow("sheared") << QVector<double>{1, 0, 0, 0.001, 1, 0, 0, 0, 1} << false;
-    QTest::newRow("not a number") << QVector<double>{std::nan(""), 0, 0, 0, 1, 0, 0, 0, 1} << false;
-}
-
-void TestSimulatorRoom::only_rotations_pass_as_such()
-{
-    QFETCH(QVector<double>, columns);
-    Mat3 matrix;
-    std::copy(columns.begin(), columns.end(), matrix.columns.begin());
-    QTEST(is_rotation(matrix, 1e-5), "accepted");
-}
-
-void TestSimulatorRoom::poses_chain_and_invert()
-{
-    const Pose a = {rotation_about(unit({1, 2, 3}), 40.0), {10, -20, 30}};
-    const Pose b = {rotation_about(unit({-3, 1, 0}), 110.0), {-5, 0, 7}};
-    const Vec3 point = {100.0, 200.0, -50.0};
-    QVERIFY(largest_difference((a * b) * point, a * (b * point)) < 1e-12);
-    QVERIFY(largest_difference(inverse(a) * (a * point), point) < 1e-12);
-}
-
-// A search over all pairings must have one clear winner: any two triangles differ somewhere.
-void TestSimulatorRoom::points_can_be_told_apart_by_their_distances()
-{
-    const std::vector<Vec3> points = object_points();
-    QVERIFY(points.size() >= 8);
-    std::vector<std::array<double, 3>> triangles;
-    for (size_t i = 0; i < points.size(); ++i)
-        for (size_t j = i + 1; j < points.size(); ++j)
-            for (size_t k = j + 1; k < points.size(); ++k) {
-                std::array<double, 3> sides = {length(points[i] - points[j]),
-                                               length(points[j] - points[k]),
-                                               length(points[k] - points[i])};
-                std::sort(sides.begin(), sides.end());
-                triangles.push_back(sides);
+    void the_object_stands_in_the_room_for_every_seed()
+    {
+        for (unsigned int seed = 0; seed < 200; ++seed) {
+            const Pose T_world_object = place_object(seed);
+            for (const Vec3& point : object_points()) {
+                const Vec3 p = T_world_object * point;
+                QVERIFY(p.y > 0.0 && std::abs(p.x) < room_half_width
+                        && std::abs(p.z) < room_half_depth);
             }
-    double least = 1e9;
-    for (size_t a = 0; a < triangles.size(); ++a)
-        for (size_t b = a + 1; b < triangles.size(); ++b) {
-            double most_different_side = 0.0;
-            for (int side = 0; side < 3; ++side)
-                most_different_side = std::max(most_different_side,
-                                               std::abs(triangles[a][side] - triangles[b][side]));
-            least = std::min(least, most_different_side);
         }
-    qInfo("the most similar triangles differ by %.1f mm", least);
-    QVERIFY(least > 2.0);
-}
+        QVERIFY(length(place_object(1).position - place_object(2).position) > 1.0);
+    }
 
-void TestSimulatorRoom::the_object_stands_in_the_room_for_every_seed()
-{
-    for (unsigned int seed = 0; seed < 200; ++seed) {
-        const Pose T_world_object = place_object(seed);
-        QVERIFY(is_rotation(T_world_object.rotation, 1e-12));
-        for (const Vec3& point : object_points()) {
-            const Vec3 p = T_world_object * point;
-            QVERIFY(p.y > 0.0);
-            QVERIFY(std::abs(p.x) < room_half_width && std::abs(p.z) < room_half_depth);
+    void cameras_hang_on_the_walls_and_look_inside()
+    {
+        for (int count : {0, 1, 2, 4, 7, 200}) {
+            const std::vector<Pose> cameras = mount_cameras(count);
+            QCOMPARE(int(cameras.size()), count);
+            for (const Pose& camera : cameras) {
+                QVERIFY(is_rotation(camera.rotation, 1e-12));
+                const double out_of_middle =
+                    std::max(std::abs(camera.position.x) / room_half_width,
+                             std::abs(camera.position.z) / room_half_depth);
+                QVERIFY(std::abs(out_of_middle - 1.0) < 1e-12);
+                QVERIFY(dot(camera.rotation.column(2), Vec3{} - camera.position) > 0.0);
+            }
         }
     }
-    QVERIFY(length(place_object(1).position - place_object(2).position) > 1.0);
-}
 
-void TestSimulatorRoom::cameras_hang_on_the_walls_and_look_inside()
-{
-    for (int count : {0, 1, 2, 4, 7, 200}) {
-        const std::vector<Pose> cameras = mount_cameras(count);
-        QCOMPARE(int(cameras.size()), count);
-        for (const Pose& camera : cameras) {
-            QVERIFY(is_rotation(camera.rotation, 1e-12));
-            const double out_of_middle = std::max(std::abs(camera.position.x) / room_half_width,
-                                                  std::abs(camera.position.z) / room_half_depth);
-            QVERIFY(std::abs(out_of_middle - 1.0) < 1e-12);
-            QVERIFY(dot(camera.rotation.column(2), Vec3{} - camera.position) > 0.0);
+    void calibrations_put_axes_and_origin()
+    {
+        const Vec3 y_up = {0, 1, 0}; // a step upwards, in room coordinates
+        const std::tuple<const char*, Vec3, Vec3> table[] = {
+            {"normal", {0, 0, 0}, {0, 0, 1}},
+            {"powerwall", {0, 1200, -room_half_depth}, y_up},
+            {"powerwall_standing", {0, 0, -room_half_depth}, y_up},
+            {"mid_camera", {0, 2300, -room_half_depth}, y_up}};
+        for (const auto& [type, origin, above] : table) {
+            const Pose T_room_world = calibration(type, mount_cameras(6));
+            const auto off = [&, o = origin](const Vec3& step, const Vec3& expected) {
+                return largest_difference(T_room_world * (o + step), expected);
+            };
+            QVERIFY2(off({}, {}) < 1e-9, type);
+            QVERIFY2(off({0, 1, 0}, above) < 1e-9 && off({1, 0, 0}, {1, 0, 0}) < 1e-9, type);
+            QVERIFY2(is_rotation(T_room_world.rotation, 1e-12), type);
         }
     }
-}
-
-void TestSimulatorRoom::calibrations_put_axes_and_origin_data()
-{
-    QTest::addColumn<QByteArray>("type");
-    QTest::addColumn<QVector<double>>("origin"); // world coordinates
-    QTest::addColumn<QVector<double>>("above");  // a step upwards, in room coordinates
-    const QVector<double> y_up = {0, 1, 0};
-    QTest::newRow("floor") << QByteArray("normal") << QVector<double>{0, 0, 0}
-                           << QVector<double>{0, 0, 1};
-    QTest::newRow("wall") << QByteArray("powerwall") << QVector<double>{0, 1200, -room_half_depth}
-                          << y_up;
-    QTest::newRow("foot of the wall")
-        << QByteArray("powerwall_standing") << QVector<double>{0, 0, -room_half_depth} << y_up;
-    QTest::newRow("camera") << QByteArray("mid_camera")
-                            << QVector<double>{0, 2300, -room_half_depth} << y_up;
-}
-
-void TestSimulatorRoom::calibrations_put_axes_and_origin()
-{
-    QFETCH(QByteArray, type);
-    QFETCH(QVector<double>, origin);
-    QFETCH(QVector<double>, above);
-    const Pose T_room_world = calibration(type, mount_cameras(6));
-    const Vec3 o = {origin[0], origin[1], origin[2]};
-    QVERIFY(largest_difference(T_room_world * o, {}) < 1e-9);
-    QVERIFY(largest_difference(T_room_world * (o + Vec3{0, 1, 0}), {above[0], above[1], above[2]})
-            < 1e-9);
-    QVERIFY(largest_difference(T_room_world * (o + Vec3{1, 0, 0}), {1, 0, 0}) < 1e-9);
-    QVERIFY(is_rotation(T_room_world.rotation, 1e-12));
-}
+};
 
 QTEST_APPLESS_MAIN(TestSimulatorRoom)
 #include "test_simulator_room.moc"

@@ -1,15 +1,14 @@
 #include "simulator/labelplacer.h"
 #include "simulator/roomprojection.h"
 #include "simulator/roomview.h"
-#include "simulator/simulator.h"
 #include "simulator/simulatorwindow.h"
 #include "simulator/statustexts.h"
+#include "tests/simulator/conversation.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
-#include <QtTest>
 
 using namespace simulator;
 
@@ -25,8 +24,6 @@ Button* button(const QWidget& window, const QString& text)
     return nullptr;
 }
 
-QImage picture_of(QWidget& widget) { return widget.grab().toImage(); }
-
 } // namespace
 
 class TestSimulatorWindow : public QObject
@@ -36,141 +33,102 @@ class TestSimulatorWindow : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void a_click_on_a_point_puts_the_tip_there();
-    void buttons_do_what_they_say();
-    void the_window_follows_what_comes_over_the_line();
-    void the_picture_shows_changes_of_the_room();
-    void labels_do_not_cover_each_other();
-    void status_texts_data();
-    void status_texts();
+    void a_click_on_a_point_puts_the_tip_there()
+    {
+        Simulator s({});
+        SimulatorWindow window(s);
+        for (const QSize& size : {QSize(700, 520), QSize(1400, 900)}) {
+            window.resize(size);
+            window.show();
+            auto* view = window.findChild<RoomView*>();
+            const RoomProjection projection(view->rect());
+            for (size_t i = 0; i < s.world.points.size(); ++i) {
+                const QPointF place = projection(s.world.object_point(int(i)));
+                QCOMPARE(view->point_at(place), int(i));
+                QTest::mouseClick(view, Qt::LeftButton, {}, place.toPoint());
+                const Vec3 off = s.world.tools[0].tip - s.world.object_point(int(i));
+                QVERIFY(dot(off, off) < 1e-12);
+            }
+            QCOMPARE(view->point_at({5, 5}), -1);
+        }
+    }
+
+    void buttons_do_what_they_say()
+    {
+        Simulator s({});
+        SimulatorWindow window(s);
+        auto* measure = button<QPushButton>(window, "Measure");
+        QVERIFY(!measure->isEnabled());
+        s.answer("do tracking start");
+        QTRY_VERIFY(measure->isEnabled());
+        measure->click();
+        QVERIFY(s.controller.is_measuring(0));
+
+        const auto hold = [&](const char* name, const bool& pressed) {
+            QTest::mousePress(button<QPushButton>(window, name), Qt::LeftButton);
+            QVERIFY(pressed);
+            QTest::mouseRelease(button<QPushButton>(window, name), Qt::LeftButton);
+            QVERIFY(!pressed);
+        };
+        hold("3", s.world.tools[0].pressed[2]);
+        hold("5", s.world.stick.pressed[5]);
+        button<QCheckBox>(window, "Lose the tool")->click();
+        QVERIFY(s.world.tools[0].hidden);
+        button<QCheckBox>(window, "Lock the configuration")->click();
+        QVERIFY(s.controller.is_locked());
+        s.answer("sim roomcal powerwall");
+        button<QPushButton>(window, "Take the calibration away")->click();
+        QVERIFY(!s.controller.is_calibrated());
+        button<QPushButton>(window, "Calibrate again")->click();
+        QCOMPARE(s.controller.coordinate_type(), QByteArray("powerwall"));
+    }
+
+    void the_window_follows_what_comes_over_the_line()
+    {
+        Simulator s({});
+        SimulatorWindow window(s);
+        converse(s, "sim tool 2; sim lose; sim lock; sim roomcal none");
+        QTRY_COMPARE(window.findChild<QComboBox*>()->currentText(), QString("M2"));
+        QVERIFY(button<QCheckBox>(window, "Lose the tool")->isChecked());
+        QVERIFY(button<QCheckBox>(window, "Lock the configuration")->isChecked());
+        QVERIFY(button<QPushButton>(window, "Calibrate again"));
+    }
+
+    void labels_do_not_cover_each_other()
+    {
+        const QRectF bounds(0, 0, 300, 200);
+        LabelPlacer placer(bounds);
+        std::vector<QRectF> placed;
+        for (int i = 0; i < 24; ++i) { // a narrow heap
+            placed.push_back(
+                placer.place({150.0 + 7 * (i % 5), 100.0 + 5 * (i / 5)}, {16, 12}, 4.0));
+        }
+        for (size_t i = 0; i < placed.size(); ++i) {
+            QVERIFY(bounds.contains(placed[i]));
+            for (size_t k = i + 1; k < placed.size(); ++k) {
+                const QRectF common = placed[i].intersected(placed[k]);
+                QVERIFY(common.width() * common.height() < 1.0);
+            }
+        }
+    }
+
+    void status_texts()
+    {
+        Simulator s({});
+        for (const auto& [rotation, text] :
+             {std::pair("1 0 0 0 1 0 0 0 1", "no rotation"),
+              std::pair("0 1 0 -1 0 0 0 0 1", "90.00\u00b0 about (0.00 0.00 1.00)"),
+              std::pair("0 -1 0 1 0 0 0 0 1", "90.00\u00b0 about (0.00 0.00 -1.00)"),
+              std::pair("-1 0 0 0 1 0 0 0 -1", "180.00\u00b0 about (0.00 1.00 0.00)"),
+              std::pair("0 1 0 0 0 1 1 0 0", "120.00\u00b0 about (0.58 0.58 0.58)")}) {
+            converse(s, rotation, "set tracking extra_rotation ");
+            QVERIFY2(extra_text(s.controller.extra()).contains(text), text);
+        }
+        QVERIFY(tracking_text(s).contains("idle"));
+        converse(s, "sim lose");
+        QCOMPARE(tip_text(s), QString("tip: not seen"));
+    }
 };
-
-void TestSimulatorWindow::a_click_on_a_point_puts_the_tip_there()
-{
-    Simulator s({});
-    SimulatorWindow window(s);
-    for (const QSize& size : {QSize(700, 520), QSize(1400, 900)}) {
-        window.resize(size);
-        window.show();
-        auto* view = window.findChild<RoomView*>();
-        const RoomProjection projection(view->rect());
-        for (size_t i = 0; i < s.world.points.size(); ++i) {
-            const QPointF place = projection(s.world.object_point(int(i)));
-            QCOMPARE(view->point_at(place), int(i));
-            QTest::mouseClick(view, Qt::LeftButton, {}, place.toPoint());
-            QCOMPARE(s.world.tools[0].tip.x, s.world.object_point(int(i)).x);
-            QCOMPARE(s.world.tools[0].tip.y, s.world.object_point(int(i)).y);
-        }
-        QCOMPARE(view->point_at({5, 5}), -1);
-    }
-}
-
-void TestSimulatorWindow::buttons_do_what_they_say()
-{
-    Simulator s({});
-    SimulatorWindow window(s);
-    auto* measure = button<QPushButton>(window, "Measure");
-    QVERIFY(!measure->isEnabled());
-    s.answer("do tracking start");
-    QTRY_VERIFY(measure->isEnabled());
-    measure->click();
-    QVERIFY(s.controller.is_measuring(0));
-
-    QTest::mousePress(button<QPushButton>(window, "3"), Qt::LeftButton);
-    QVERIFY(s.world.tools[0].pressed[2]);
-    QTest::mouseRelease(button<QPushButton>(window, "3"), Qt::LeftButton);
-    QVERIFY(!s.world.tools[0].pressed[2]);
-    QTest::mousePress(button<QPushButton>(window, "5"), Qt::LeftButton);
-    QVERIFY(s.world.stick.pressed[5]);
-    QTest::mouseRelease(button<QPushButton>(window, "5"), Qt::LeftButton);
-    QVERIFY(!s.world.stick.pressed[5]);
-
-    button<QCheckBox>(window, "Lose the tool")->click();
-    QVERIFY(s.world.tools[0].hidden);
-    button<QCheckBox>(window, "Lock the configuration")->click();
-    QVERIFY(s.controller.is_locked());
-    s.answer("sim roomcal powerwall");
-    button<QPushButton>(window, "Take the calibration away")->click();
-    QVERIFY(!s.controller.is_calibrated());
-    button<QPushButton>(window, "Calibrate again")->click();
-    QCOMPARE(s.controller.coordinate_type(), QByteArray("powerwall"));
-}
-
-void TestSimulatorWindow::the_window_follows_what_comes_over_the_line()
-{
-    Simulator s({});
-    SimulatorWindow window(s);
-    for (const char* request : {"sim tool 2", "sim lose", "sim lock", "sim roomcal none"})
-        s.answer(request);
-    QTRY_COMPARE(window.findChild<QComboBox*>()->currentText(), QString("M2"));
-    QVERIFY(button<QCheckBox>(window, "Lose the tool")->isChecked());
-    QVERIFY(button<QCheckBox>(window, "Lock the configuration")->isChecked());
-    QVERIFY(button<QPushButton>(window, "Calibrate again"));
-}
-
-void TestSimulatorWindow::the_picture_shows_changes_of_the_room()
-{
-    Simulator s({});
-    RoomView view(s);
-    view.resize(800, 600);
-    QImage last = picture_of(view);
-    for (const char* request :
-         {"sim touch 2", "sim lose", "sim find", "do tracking start", "sim measure",
-          "sim press stick 1", "set tracking extra_translation 500 0 0", "sim camera 1 0",
-          "sim roomcal powerwall", "sim roomcal none"}) {
-        QVERIFY(s.answer(request).text.startsWith("ok"));
-        if (QByteArray(request) == "do tracking start")
-            continue; // shown in words only
-        const QImage now = picture_of(view);
-        QVERIFY2(now != last, request);
-        last = now;
-    }
-}
-
-void TestSimulatorWindow::labels_do_not_cover_each_other()
-{
-    const QRectF bounds(0, 0, 300, 200);
-    LabelPlacer placer(bounds);
-    std::vector<QRectF> placed;
-    for (int i = 0; i < 24; ++i) { // a narrow heap
-        const QPointF anchor(150 + 7 * (i % 5), 100 + 5 * (i / 5));
-        placed.push_back(placer.place(anchor, {16, 12}, 4.0));
-    }
-    for (size_t i = 0; i < placed.size(); ++i) {
-        QVERIFY(bounds.contains(placed[i]));
-        for (size_t k = i + 1; k < placed.size(); ++k) {
-            const QRectF common = placed[i].intersected(placed[k]);
-            QVERIFY(common.width() * common.height() < 1.0);
-        }
-    }
-}
-
-void TestSimulatorWindow::status_texts_data()
-{
-    QTest::addColumn<QByteArray>("rotation");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("none") << QByteArray("1 0 0 0 1 0 0 0 1") << "no rotation";
-    QTest::newRow("quarter") << QByteArray("0 1 0 -1 0 0 0 0 1")
-                             << QString::fromUtf8("90.00° about (0.00 0.00 1.00)");
-    QTest::newRow("quarter back") << QByteArray("0 -1 0 1 0 0 0 0 1")
-                                  << QString::fromUtf8("90.00° about (0.00 0.00 -1.00)");
-    QTest::newRow("half") << QByteArray("-1 0 0 0 1 0 0 0 -1")
-                          << QString::fromUtf8("180.00° about (0.00 1.00 0.00)");
-    QTest::newRow("cyclic") << QByteArray("0 1 0 0 0 1 1 0 0")
-                            << QString::fromUtf8("120.00° about (0.58 0.58 0.58)");
-}
-
-void TestSimulatorWindow::status_texts()
-{
-    QFETCH(QByteArray, rotation);
-    QFETCH(QString, text);
-    Simulator s({});
-    QCOMPARE(s.answer("set tracking extra_rotation " + rotation).text, QByteArray("ok"));
-    QVERIFY(extra_text(s.controller.extra()).contains(text));
-    QVERIFY(tracking_text(s).contains("idle"));
-    s.answer("sim lose");
-    QCOMPARE(tip_text(s), QString("tip: not seen"));
-}
 
 QTEST_MAIN(TestSimulatorWindow)
 #include "test_simulator_window.moc"
