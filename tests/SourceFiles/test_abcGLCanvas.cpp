@@ -26,7 +26,6 @@ public:
         setRoomScaleFactor(scale);
     }
 
-    using AbcGLCanvas::last_x;
     using AbcGLCanvas::resizeGL;
     using AbcGLCanvas::room;
     using AbcGLCanvas::saved_view;
@@ -153,7 +152,6 @@ private slots:
     {
         OpenCanvas canvas;
         canvas.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&canvas));
         QMenu menu(&canvas);
         menu.addAction("Long axes");
         canvas.set_menu(&menu);
@@ -161,8 +159,6 @@ private slots:
         QTimer::singleShot(0, &menu, SLOT(close()));
         QTest::mousePress(&canvas, Qt::RightButton, Qt::NoModifier, {7, 8});
         QCOMPARE(shown.count(), 1);
-        QCOMPARE(canvas.last_x, 7);
-        QCOMPARE(int(canvas.view_mode), int(abcViewNone));
     }
 
     void view_movements_start_at_the_saved_view()
@@ -217,8 +213,9 @@ private slots:
     void loading_and_storing_tell_the_buttons()
     {
         OpenCanvas canvas;
-        QSignalSpy undo(&canvas, SIGNAL(canUndo(bool)));
-        QSignalSpy redo(&canvas, SIGNAL(canRedo(bool)));
+        QString told;
+        connect(&canvas, &AbcGLCanvas::canUndo, [&](bool can) { told += can ? "U" : "-"; });
+        connect(&canvas, &AbcGLCanvas::canRedo, [&](bool can) { told += can ? "R " : "- "; });
         QSignalSpy modified(&canvas, SIGNAL(roomModified(bool)));
         canvas.load(0);
         canvas.saveCurrentRoom(); // nothing to store, nothing to tell
@@ -227,11 +224,7 @@ private slots:
         canvas.undo();
         canvas.undo();
         canvas.unloadRoom();
-        QString told;
-        for (int i = 0; i < undo.count(); ++i)
-            told += QString("%1%2 ").arg(undo[i][0].toInt()).arg(redo[i][0].toInt());
-        QCOMPARE(told, QString("00 10 01 01 00 "));
-        QCOMPARE(undo.count(), redo.count());
+        QCOMPARE(told, QString("-- U- -R -R -- "));
         QCOMPARE(modified.count(), 4);
     }
 

@@ -3,7 +3,6 @@
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
 
-#include <QtGui/QStandardItemModel>
 #include <QtTest/QtTest>
 #include <QtWidgets/QDialog>
 
@@ -170,16 +169,6 @@ private slots:
                          (QVector<double>{double(rx), double(ry), double(rz)}));
                 QCOMPARE(stage.apply_signals > 0, changes);
             }
-    }
-
-    void repair_reports_from_both_handlers()
-    {
-        Stage stage;
-        stage.tab.do_update();
-        stage.right()->setCurrentIndex(4);
-        QCOMPARE(stage.shown(), QString("-z z x -x y -y"));
-        QCOMPARE(stage.apply_signals, 2);
-        QCOMPARE(stage.dialog.times_set, 2);
     }
 
     void refresh_never_writes_back()

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <functional>
 
 #include <qwt_wheel.h>
 
@@ -105,22 +106,20 @@ private slots:
     void wrappingKeepsBelowTheMaximum()
     {
         Widget widget(-180, 180, true);
-        QList<double> maxima;
-        const auto note = [&] { maxima << widget.spin_box->maximum(); };
-        note();
-        widget.setWrapping(true);
-        note();
-        widget.setStep(10);
-        note();
-        widget.setWrapping(false); // by 1, not by the step
-        note();
-        widget.setStep(3);
-        note();
-        widget.setWrapping(true);
-        note();
-        widget.setRange(0, 360); // by 1, whatever the step
-        note();
-        QCOMPARE(maxima, (QList<double>{179, 179, 170, 171, 171, 170, 359}));
+        const struct
+        {
+            std::function<void()> change;
+            double maximum;
+        } steps[] = {
+            {[&] { widget.setWrapping(true); }, 179},  {[&] { widget.setStep(10); }, 170},
+            {[&] { widget.setWrapping(false); }, 171}, // by 1, not by the step
+            {[&] { widget.setStep(3); }, 171},         {[&] { widget.setWrapping(true); }, 170},
+            {[&] { widget.setRange(0, 360); }, 359}, // by 1, whatever the step
+        };
+        for (const auto& step : steps) {
+            step.change();
+            QCOMPARE(widget.spin_box->maximum(), step.maximum);
+        }
     }
 
     void setValueOpensNoBracket()
