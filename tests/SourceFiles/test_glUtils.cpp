@@ -26,25 +26,17 @@ const double half_size = 10000.0;
 
 bsVector point_at(const GLfloat* values) { return (bsVector(values) - 0.5) * (2 * half_size); }
 
-// All three return the number of values read.
-int read_line(const GLfloat* token, Feedback& feedback)
+// Returns the number of values read.
+int read_token(const GLfloat* token, Feedback& feedback)
 {
+    if (token[0] == GL_POLYGON_TOKEN) {
+        ++feedback.polygons;
+        return 2 + 3 * static_cast<int>(token[1]);
+    }
     ++feedback.lines;
     feedback.line_ends.push_back(point_at(token + 1));
     feedback.line_ends.push_back(point_at(token + 4));
     return 7;
-}
-
-int skip_polygon(const GLfloat* token, Feedback& feedback)
-{
-    ++feedback.polygons;
-    return 2 + 3 * static_cast<int>(token[1]);
-}
-
-int read_token(const GLfloat* token, Feedback& feedback)
-{
-    return token[0] == GL_POLYGON_TOKEN ? skip_polygon(token, feedback)
-                                        : read_line(token, feedback);
 }
 
 Feedback feedback_of(const std::function<void()>& drawing)
@@ -82,128 +74,105 @@ class TestGlUtils : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void frame_is_right_handed_for_each_pair();
-    void frame_of_equal_axes_stops_the_program();
-    void grid_lines_start_at_the_cut_end_data();
-    void grid_lines_start_at_the_cut_end();
-    void axes_leave_stipple_and_lighting_as_said();
-    void rotation_axes_stay_turned();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        install_fatal_logger();
+        widget = new QGLWidget;
+        widget->makeCurrent();
+    }
+
+    void frame_is_right_handed_for_each_pair()
+    {
+        for (int set = 0; set < 3; ++set)
+            for (int preserve = 0; preserve < 3; ++preserve) {
+                if (set == preserve)
+                    continue;
+                bsVector axis(1, 2, -0.5);
+                bsVector preserved(0.3, 4, 1);
+                const bsVector asked = preserved;
+                bsVector third;
+                const bsMatrix m =
+                    computeFrame(axis, preserved, third, abcAxis(set), abcAxis(preserve));
+                QVERIFY(m.getColumn(set) == bsVector(1, 2, -0.5).normalize());
+                QVERIFY(m.getColumn(set) == axis);
+                QVERIFY(m.getColumn(preserve) == preserved);
+                QVERIFY(m.getColumn(3 - set - preserve) == third);
+                QVERIFY((m.getColumn(0) ^ m.getColumn(1)) == m.getColumn(2));
+                QVERIFY(bsVector::dotProduct(asked, preserved) > 0.0);
+                QVERIFY(bsVector::isOrthogonal(asked, third));
+            }
+    }
+
+    void frame_of_equal_axes_stops_the_program()
+    {
+        const std::string said = stderr_of_abort([] {
+            bsVector x(1, 0, 0), y(0, 1, 0), z;
+            computeFrame(x, y, z, abcAxisZ, abcAxisZ);
+        });
+        QCOMPARE(said,
+                 std::string("SourceFiles/glUtils.cpp:205: const bsMatrix computeFrame(bsVector&, "
+                             "bsVector&, bsVector&, abcAxis, abcAxis): "
+                             "Assertion `axisToSet != axisToPreserve' failed.\n"));
+    }
+
+    void grid_lines_start_at_the_cut_end()
+    {
+        const struct
+        {
+            double half_width;
+            int lines; // along y; those along x are 3, at -150, -50 and 50
+            double first, last;
+        } rows[] = {{5000.7, 101, -5000, 5000}, {1050, 22, -1050, 1050}, {130, 3, -130, 70}};
+        for (const auto& row : rows) {
+            glEnable(GL_LIGHTING);
+            const Feedback grid = feedback_of([&] { drawGrid(row.half_width, 199, 100, 199); });
+            QVERIFY(!glIsEnabled(GL_LIGHTING));
+            const std::vector<double> xs = x_of_lines_along_y(grid);
+            QCOMPARE(static_cast<int>(xs.size()), row.lines);
+            QCOMPARE(grid.lines, row.lines + 3);
+            QCOMPARE(xs.front(), row.first);
+            QCOMPARE(xs.back(), row.last);
+        }
+        for (double bad : {HUGE_VAL, std::numeric_limits<double>::quiet_NaN(), 1e30})
+            QCOMPARE(feedback_of([&] { drawGrid(bad, 100.0, 100.0, 100.0); }).lines, 0);
+    }
+
+    void axes_leave_stipple_and_lighting_as_said()
+    {
+        double origin[] = {0, 0, 0};
+        glEnable(GL_LINE_STIPPLE);
+        const Feedback plain = feedback_of([&] { drawAxes(origin, 80.0, 3.0, false, 10.0, 1.0); });
+        QCOMPARE(plain.lines, 0);
+        QVERIFY(plain.polygons >= 3 * 16); // three cones
+        QVERIFY(glIsEnabled(GL_LINE_STIPPLE));
+        QVERIFY(glIsEnabled(GL_LIGHTING));
+
+        const Feedback dashed = feedback_of([&] { drawAxes(origin, 80.0, 3.0, true, 10.0, 1.0); });
+        QCOMPARE(dashed.lines, 3);
+        QVERIFY(std::fabs(dashed.line_ends[1].x - 800.0) < 1.0);
+        QVERIFY(std::fabs(dashed.line_ends[2].y + 800.0) < 1.0);
+        QVERIFY(!glIsEnabled(GL_LINE_STIPPLE));
+        QVERIFY(!glIsEnabled(GL_LIGHTING));
+    }
+
+    void rotation_axes_stay_turned()
+    {
+        double m[16];
+        const Feedback axes = feedback_of([&] {
+            drawRotationAxes(bsQuaternion(90, bsVector(0, 0, 1)));
+            glGetDoublev(GL_MODELVIEW_MATRIX, m);
+        });
+        QVERIFY(bsMatrix(m) == bsMatrix().rotationZ(90));
+        QCOMPARE(axes.lines, 2);
+        QVERIFY(std::fabs(axes.line_ends[1].x - 500.0) < 1.0);
+        QVERIFY(std::fabs(axes.line_ends[3].x + 500.0) < 1.0);
+    }
+
+    void cleanupTestCase() { delete widget; }
 
 private:
     QGLWidget* widget = nullptr;
 };
-
-void TestGlUtils::initTestCase()
-{
-    install_fatal_logger();
-    widget = new QGLWidget;
-    widget->makeCurrent();
-}
-
-void TestGlUtils::cleanupTestCase() { delete widget; }
-
-void TestGlUtils::frame_is_right_handed_for_each_pair()
-{
-    for (int set = 0; set < 3; ++set)
-        for (int preserve = 0; preserve < 3; ++preserve) {
-            if (set == preserve)
-                continue;
-            bsVector axis(1, 2, -0.5);
-            bsVector preserved(0.3, 4, 1);
-            const bsVector asked = preserved;
-            bsVector third;
-            const bsMatrix m =
-                computeFrame(axis, preserved, third, abcAxis(set), abcAxis(preserve));
-            QVERIFY(m.getColumn(set) == bsVector(1, 2, -0.5).normalize());
-            QVERIFY(m.getColumn(set) == axis);
-            QVERIFY(m.getColumn(preserve) == preserved);
-            QVERIFY(m.getColumn(3 - set - preserve) == third);
-            QVERIFY((m.getColumn(0) ^ m.getColumn(1)) == m.getColumn(2));
-            QVERIFY(bsVector::dotProduct(asked, preserved) > 0.0);
-            QVERIFY(bsVector::isOrthogonal(asked, third));
-            QCOMPARE(m(3, 3), 1.0);
-        }
-    bsVector x(1, 0, 0);
-    bsVector y(0, 1, 0);
-    bsVector z;
-    QVERIFY(computeFrame(y, x, z, abcAxisY, abcAxisX) == bsMatrix::getIdentityMatrix());
-}
-
-void TestGlUtils::frame_of_equal_axes_stops_the_program()
-{
-    const std::string said = stderr_of_abort([] {
-        bsVector x(1, 0, 0), y(0, 1, 0), z;
-        computeFrame(x, y, z, abcAxisZ, abcAxisZ);
-    });
-    QCOMPARE(said,
-             std::string("SourceFiles/glUtils.cpp:205: const bsMatrix computeFrame(bsVector&, "
-                         "bsVector&, bsVector&, abcAxis, abcAxis): "
-                         "Assertion `axisToSet != axisToPreserve' failed.\n"));
-}
-
-void TestGlUtils::grid_lines_start_at_the_cut_end_data()
-{
-    QTest::addColumn<double>("half_width");
-    QTest::addColumn<int>("lines"); // along y; those along x are 3, at -150, -50 and 50
-    QTest::addColumn<double>("first");
-    QTest::addColumn<double>("last");
-    QTest::newRow("cut to whole mm") << 5000.7 << 101 << -5000.0 << 5000.0;
-    QTest::newRow("no multiple of the step") << 1050.0 << 22 << -1050.0 << 1050.0;
-    QTest::newRow("last line short of the end") << 130.0 << 3 << -130.0 << 70.0;
-    QTest::newRow("none") << 0.9 << 1 << 0.0 << 0.0;
-}
-
-void TestGlUtils::grid_lines_start_at_the_cut_end()
-{
-    QFETCH(double, half_width);
-    QFETCH(int, lines);
-    glEnable(GL_LIGHTING);
-    const Feedback grid = feedback_of([&] { drawGrid(half_width, 199.0, 100.0, 199.0); });
-    QCOMPARE(glIsEnabled(GL_LIGHTING), GLboolean(GL_FALSE));
-    const std::vector<double> xs = x_of_lines_along_y(grid);
-    QCOMPARE(static_cast<int>(xs.size()), half_width < 1.0 ? lines + 3 : lines);
-    QTEST(xs.front(), "first");
-    QTEST(xs[lines - 1], "last");
-    QCOMPARE(grid.lines, lines + 3);
-    for (double bad : {HUGE_VAL, std::numeric_limits<double>::quiet_NaN(), 1e30})
-        QCOMPARE(feedback_of([&] { drawGrid(bad, 100.0, 100.0, 100.0); }).lines, 0);
-}
-
-void TestGlUtils::axes_leave_stipple_and_lighting_as_said()
-{
-    double origin[] = {0, 0, 0};
-    glEnable(GL_LINE_STIPPLE);
-    const Feedback plain = feedback_of([&] { drawAxes(origin, 80.0, 3.0, false, 10.0, 1.0); });
-    QCOMPARE(plain.lines, 0);
-    QVERIFY(plain.polygons >= 3 * 16); // three cones
-    QVERIFY(glIsEnabled(GL_LINE_STIPPLE));
-    QVERIFY(glIsEnabled(GL_LIGHTING));
-
-    const Feedback dashed = feedback_of([&] { drawAxes(origin, 80.0, 3.0, true, 10.0, 1.0); });
-    QCOMPARE(dashed.lines, 3);
-    QVERIFY(std::fabs(dashed.line_ends[1].x - 800.0) < 1.0);
-    QVERIFY(std::fabs(dashed.line_ends[2].y + 800.0) < 1.0);
-    QVERIFY(!glIsEnabled(GL_LINE_STIPPLE));
-    QVERIFY(!glIsEnabled(GL_LIGHTING));
-    GLint depth = 0;
-    glGetIntegerv(GL_MODELVIEW_STACK_DEPTH, &depth);
-    QCOMPARE(depth, 1);
-}
-
-void TestGlUtils::rotation_axes_stay_turned()
-{
-    double m[16];
-    const Feedback axes = feedback_of([&] {
-        drawRotationAxes(bsQuaternion(90, bsVector(0, 0, 1)));
-        glGetDoublev(GL_MODELVIEW_MATRIX, m);
-    });
-    QVERIFY(bsMatrix(m) == bsMatrix().rotationZ(90));
-    QCOMPARE(axes.lines, 2);
-    QVERIFY(std::fabs(axes.line_ends[1].x - 500.0) < 1.0);
-    QVERIFY(std::fabs(axes.line_ends[3].x + 500.0) < 1.0);
-}
 
 QTEST_MAIN(TestGlUtils)
 #include "test_glUtils.moc"

@@ -3,6 +3,7 @@
 
 #include <QtTest/QtTest>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -52,9 +53,8 @@ Matrix axes_in_room(const CoordinateAxix& axis)
 int determinant(const Matrix& m)
 {
     int result = 0;
-    for (int c = 0; c < 3; ++c)
-        result += m[0][c]
-                  * (m[1][(c + 1) % 3] * m[2][(c + 2) % 3] - m[1][(c + 2) % 3] * m[2][(c + 1) % 3]);
+    for (int c = 0, d = 1, e = 2; c < 3; ++c, d = (c + 1) % 3, e = (c + 2) % 3)
+        result += m[0][c] * (m[1][d] * m[2][e] - m[1][e] * m[2][d]);
     return result;
 }
 
@@ -74,11 +74,9 @@ CoordinateAxix assignment(int right, int up, int out)
 std::vector<CoordinateAxix> all_assignments()
 {
     std::vector<CoordinateAxix> result;
-    for (int right = 0; right < 6; ++right)
-        for (int up = 0; up < 6; ++up)
-            for (int out = 0; out < 6; ++out)
-                if (is_legal(assignment(right, up, out)))
-                    result.push_back(assignment(right, up, out));
+    for (int i = 0; i < 6 * 6 * 6; ++i)
+        if (is_legal(assignment(i / 36, i / 6 % 6, i % 6)))
+            result.push_back(assignment(i / 36, i / 6 % 6, i % 6));
     return result;
 }
 
@@ -105,132 +103,113 @@ class TestCoordinateCalculator : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void angles_belong_to_their_assignment();
-    void among_equal_rotations_the_shown_triple_is_fixed();
-    void pair_is_completed_or_repaired_by_first_match();
-    void odd_angles_make_whole_quarter_turns();
-    void type_decides_angles_and_standard_axes();
-    void descriptions_match_exactly();
-};
-
-void TestCoordinateCalculator::angles_belong_to_their_assignment()
-{
-    QCOMPARE(all_assignments().size(), size_t(24));
-    for (int type : {0, 1, 2, 3, 5}) {
-        CoordinateCalculator calculator(type);
-        const CoordinateAxix standard = calculator.get_standard_axis();
-        QVERIFY(is_legal(standard));
-        for (const CoordinateAxix& axis : all_assignments()) {
-            const Angles a = angles_of(calculator, axis);
-            const Matrix turn =
-                product(product(rotation(0, a[0]), rotation(1, a[1])), rotation(2, a[2]));
-            QCOMPARE(product(axes_in_room(standard), turn), axes_in_room(axis));
-            QVERIFY(equal(calculator.x_y_z_rotate(standard, a[0], a[1], a[2]), axis));
-        }
-    }
-}
-
-// Each rotation has several triples. The habit is ry = 0, or rz = 0 where ry = +-90; four
-// assignments break it.
-void TestCoordinateCalculator::among_equal_rotations_the_shown_triple_is_fixed()
-{
-    CoordinateCalculator normal(0), other(1);
-    QCOMPARE(angles_of(normal, assignment(1, 2, 5)), (Angles{90, 180, 0}));
-    QCOMPARE(angles_of(normal, assignment(1, 5, 3)), (Angles{0, 180, 0}));
-    QCOMPARE(angles_of(other, assignment(1, 2, 5)), (Angles{0, 180, 0}));
-    QCOMPARE(angles_of(other, assignment(4, 3, 0)), (Angles{0, 90, 180}));
-
-    int unusual = 0;
-    for (CoordinateCalculator* calculator : {&normal, &other})
-        for (const CoordinateAxix& axis : all_assignments()) {
-            const Angles a = angles_of(*calculator, axis);
-            unusual += !(a[1] == 0 || (qAbs(a[1]) == 90 && a[2] == 0));
-            for (int angle : a)
-                QVERIFY(angle >= -90 && angle <= 180);
-        }
-    QCOMPARE(unusual, 4);
-}
-
-void TestCoordinateCalculator::pair_is_completed_or_repaired_by_first_match()
-{
-    // What stands beside a kept right, and beside a kept up, where the other choice clashes.
-    const int up_and_out[6][2] = {{2, 4}, {2, 5}, {0, 5}, {0, 4}, {0, 2}, {0, 3}};
-    const int right_and_out[6][2] = {{2, 5}, {2, 4}, {0, 4}, {0, 5}, {0, 3}, {0, 2}};
-    CoordinateCalculator calculator(0);
-    for (int right = -1; right < 7; ++right)
-        for (int up = -1; up < 7; ++up)
-            for (bool keep_right : {true, false}) {
-                const int kept = keep_right ? right : up;
-                const bool valid = qBound(0, right, 5) == right && qBound(0, up, 5) == up;
-                const bool legal = valid && right / 2 != up / 2;
-                int r = right, u = up, out = -1;
-                QCOMPARE(calculator.adjust_coordinate_desc(r, u, out, keep_right), legal);
-                QCOMPARE(keep_right ? r : u, kept);
-                if (legal) {
-                    QVERIFY(r == right && u == up && is_legal(assignment(r, u, out)));
-                } else if (qBound(0, kept, 5) == kept) {
-                    QCOMPARE(keep_right ? u : r,
-                             (keep_right ? up_and_out : right_and_out)[kept][0]);
-                    QCOMPARE(out, (keep_right ? up_and_out : right_and_out)[kept][1]);
-                } else {
-                    QVERIFY(r == right && u == up && out == -1);
-                }
-            }
-}
-
-void TestCoordinateCalculator::odd_angles_make_whole_quarter_turns()
-{
-    // Angle, axis code, turns: -1 becomes 359, -450 stays negative, 1 and 6 are not offered.
-    const int rows[][3] = {{-90, 0, 3},  {89, 2, 0}, {-1, 2, 3}, {450, 0, 1},
-                           {-450, 0, 0}, {90, 1, 0}, {90, 6, 0}};
-    CoordinateCalculator calculator(0);
-    for (const auto& row : rows)
-        for (const CoordinateAxix& axis : all_assignments()) {
-            const CoordinateAxix turned = calculator.around_axis_rotate(axis, row[0], row[1]);
-            const Matrix turn = rotation(row[1] / 2 % 3, 90 * row[2]);
-            QVERIFY(is_legal(turned));
-            QCOMPARE(axes_in_room(turned), product(axes_in_room(axis), turn));
-        }
-}
-
-void TestCoordinateCalculator::type_decides_angles_and_standard_axes()
-{
-    struct Row
+    void angles_belong_to_their_assignment()
     {
-        int before, type;
-        bool standard_of_normal, angles_of_normal;
-    };
-    const Row rows[] = {
-        {5, 0, true, true},  {0, 3, false, false}, {0, 4, true, true},
-        {0, -1, true, true}, {0, 6, true, false},  {4, 4, false, false},
-    };
-    const CoordinateAxix z_up = assignment(0, 4, 3), y_up = assignment(0, 2, 4);
-    for (const Row& row : rows) {
-        CoordinateCalculator calculator(row.before);
-        calculator.set_cali_type(row.type);
-        QVERIFY(equal(calculator.get_standard_axis(), row.standard_of_normal ? z_up : y_up));
-        QCOMPARE(angles_of(calculator, y_up), (Angles{row.angles_of_normal ? 90 : 0, 0, 0}));
+        QCOMPARE(all_assignments().size(), size_t(24));
+        for (int type : {0, 1, 2, 3, 5}) {
+            CoordinateCalculator calculator(type);
+            const CoordinateAxix standard = calculator.get_standard_axis();
+            QVERIFY(is_legal(standard));
+            for (const CoordinateAxix& axis : all_assignments()) {
+                const Angles a = angles_of(calculator, axis);
+                const Matrix turn =
+                    product(product(rotation(0, a[0]), rotation(1, a[1])), rotation(2, a[2]));
+                QCOMPARE(product(axes_in_room(standard), turn), axes_in_room(axis));
+                QVERIFY(equal(calculator.x_y_z_rotate(standard, a[0], a[1], a[2]), axis));
+            }
+        }
     }
-}
 
-void TestCoordinateCalculator::descriptions_match_exactly()
-{
-    CoordinateCalculator calculator(5);
-    const QStringList descs = {"x", "-x", "y", "-y", "z", "-z"};
-    for (int code = 0; code < descs.size(); ++code) {
-        QCOMPARE(calculator.convert_int_to_desc(code), descs[code]);
-        QCOMPARE(calculator.convert_desc_to_int(descs[code]), code);
+    // Each rotation has several triples. The habit is ry = 0, or rz = 0 where ry = +-90; four
+    // assignments break it.
+    void among_equal_rotations_the_shown_triple_is_fixed()
+    {
+        CoordinateCalculator normal(0), other(1);
+        QCOMPARE(angles_of(normal, assignment(1, 2, 5)), (Angles{90, 180, 0}));
+        QCOMPARE(angles_of(normal, assignment(1, 5, 3)), (Angles{0, 180, 0}));
+        QCOMPARE(angles_of(other, assignment(1, 2, 5)), (Angles{0, 180, 0}));
+        QCOMPARE(angles_of(other, assignment(4, 3, 0)), (Angles{0, 90, 180}));
+        int unusual = 0;
+        for (CoordinateCalculator* calculator : {&normal, &other})
+            for (const CoordinateAxix& axis : all_assignments()) {
+                const Angles a = angles_of(*calculator, axis);
+                unusual += !(a[1] == 0 || (qAbs(a[1]) == 90 && a[2] == 0));
+                QVERIFY(*std::min_element(a.begin(), a.end()) >= -90);
+                QVERIFY(*std::max_element(a.begin(), a.end()) <= 180);
+            }
+        QCOMPARE(unusual, 4);
     }
-    const CoordinateAxix axis = {0, 1, 2, 3, 4, 5};
-    QCOMPARE(QStringList() << calculator.get_left_desc(axis) << calculator.get_right_desc(axis)
-                           << calculator.get_up_desc(axis) << calculator.get_down_desc(axis)
-                           << calculator.get_out_desc(axis) << calculator.get_in_desc(axis),
-             descs);
-    for (int code : {-1, 6})
-        QCOMPARE(calculator.convert_int_to_desc(code), QString());
-    for (const char* text : {"X", " x", "x ", "", "+x", "--x"})
-        QCOMPARE(calculator.convert_desc_to_int(text), -1);
-}
+
+    void pair_is_completed_or_repaired_by_first_match()
+    {
+        // What stands beside a kept right, and beside a kept up, where the other choice clashes.
+        const int up_and_out[6][2] = {{2, 4}, {2, 5}, {0, 5}, {0, 4}, {0, 2}, {0, 3}};
+        const int right_and_out[6][2] = {{2, 5}, {2, 4}, {0, 4}, {0, 5}, {0, 3}, {0, 2}};
+        CoordinateCalculator calculator(0);
+        for (int right = -1; right < 7; ++right)
+            for (int up = -1; up < 7; ++up)
+                for (bool keep_right : {true, false}) {
+                    const int kept = keep_right ? right : up;
+                    const bool valid = qBound(0, right, 5) == right && qBound(0, up, 5) == up;
+                    const bool legal = valid && right / 2 != up / 2;
+                    int r = right, u = up, out = -1;
+                    QCOMPARE(calculator.adjust_coordinate_desc(r, u, out, keep_right), legal);
+                    QCOMPARE(keep_right ? r : u, kept);
+                    if (legal) {
+                        QVERIFY(r == right && u == up && is_legal(assignment(r, u, out)));
+                    } else if (qBound(0, kept, 5) == kept) {
+                        const int* repair = (keep_right ? up_and_out : right_and_out)[kept];
+                        QVERIFY((keep_right ? u : r) == repair[0] && out == repair[1]);
+                    } else {
+                        QVERIFY(r == right && u == up && out == -1);
+                    }
+                }
+    }
+
+    void odd_angles_make_whole_quarter_turns()
+    {
+        // Angle, axis code, turns: -1 becomes 359, -450 stays negative, 1 and 6 are not offered.
+        const int rows[][3] = {{-90, 0, 3},  {89, 2, 0}, {-1, 2, 3}, {450, 0, 1},
+                               {-450, 0, 0}, {90, 1, 0}, {90, 6, 0}};
+        CoordinateCalculator calculator(0);
+        for (const auto& row : rows)
+            for (const CoordinateAxix& axis : all_assignments()) {
+                const CoordinateAxix turned = calculator.around_axis_rotate(axis, row[0], row[1]);
+                const Matrix turn = rotation(row[1] / 2 % 3, 90 * row[2]);
+                QVERIFY(is_legal(turned));
+                QCOMPARE(axes_in_room(turned), product(axes_in_room(axis), turn));
+            }
+    }
+
+    void type_decides_angles_and_standard_axes()
+    {
+        // Before, now; then whether the standard axes and the angles are those of the normal type.
+        const int rows[][4] = {{5, 0, 1, 1},  {0, 3, 0, 0}, {0, 4, 1, 1},
+                               {0, -1, 1, 1}, {0, 6, 1, 0}, {4, 4, 0, 0}};
+        const CoordinateAxix z_up = assignment(0, 4, 3), y_up = assignment(0, 2, 4);
+        for (const auto& row : rows) {
+            CoordinateCalculator calculator(row[0]);
+            calculator.set_cali_type(row[1]);
+            QVERIFY(equal(calculator.get_standard_axis(), row[2] ? z_up : y_up));
+            QCOMPARE(angles_of(calculator, y_up), (Angles{row[3] ? 90 : 0, 0, 0}));
+        }
+    }
+
+    void descriptions_match_exactly()
+    {
+        CoordinateCalculator calculator(5);
+        const QStringList descs = {"x", "-x", "y", "-y", "z", "-z"};
+        const CoordinateAxix axis = {0, 1, 2, 3, 4, 5};
+        QCOMPARE(QStringList() << calculator.get_left_desc(axis) << calculator.get_right_desc(axis)
+                               << calculator.get_up_desc(axis) << calculator.get_down_desc(axis)
+                               << calculator.get_out_desc(axis) << calculator.get_in_desc(axis),
+                 descs);
+        for (int code = -1; code <= descs.size(); ++code)
+            QCOMPARE(calculator.convert_int_to_desc(code), descs.value(code));
+        for (const QString& text : descs + QStringList{"X", " x", "x ", "", "+x", "--x"})
+            QCOMPARE(calculator.convert_desc_to_int(text), descs.indexOf(text));
+    }
+};
 
 QTEST_APPLESS_MAIN(TestCoordinateCalculator)
 #include "test_coordinatecalculator.moc"

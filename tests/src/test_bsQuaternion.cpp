@@ -25,146 +25,117 @@ class TestQuaternion : public QObject
     Q_OBJECT
 
 private slots:
-    void survives_the_way_through_a_matrix();
-    void agrees_with_the_rotation_matrices();
-    void half_turns_take_the_branch_of_their_axis();
-    void the_trace_is_tested_without_tolerance();
-    void short_ones_become_the_identity();
-    void product_is_that_of_the_matrices();
-    void slerp_goes_evenly_and_jumps_at_opposites();
-    void goes_through_streams();
+    void survives_the_way_through_a_matrix()
+    {
+        double worst = 0.0;
+        for (bsMatrix pose : hard_poses()) {
+            if (!has_safe_trace(pose))
+                continue;
+            pose.setColumn(3, bsVector(), 1.0);
+            const bsMatrix back = bsQuaternion().fromMatrix(pose).toMatrix();
+            worst = std::max(worst, largest_difference(back, pose));
+        }
+        qInfo("worst error: %g", worst);
+        QVERIFY(worst < 1e-10);
+    }
+
+    void agrees_with_the_rotation_matrices()
+    {
+        const bsVector x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+        double worst = 0.0;
+        for (double a : hard_angles())
+            worst = std::max(
+                {worst,
+                 largest_difference(bsQuaternion(a, x * 3.0).toMatrix(), bsMatrix().rotationX(a)),
+                 largest_difference(bsQuaternion(a, y).toMatrix(), bsMatrix().rotationY(a)),
+                 largest_difference(bsQuaternion(a, z).toMatrix(), bsMatrix().rotationZ(a))});
+        qInfo("worst error: %g", worst);
+        QVERIFY(worst < 1e-15);
+    }
+
+    void half_turns_take_the_branch_of_their_axis()
+    {
+        bsQuaternion q;
+        for (bsVector axis : {bsVector(3, 1, 2), bsVector(1, 3, 2), bsVector(1, 2, 3)}) {
+            axis.normalize();
+            bsMatrix turn = bsQuaternion(axis.x, axis.y, axis.z, 0).toMatrix();
+            turn(0, 0) -= 1e-9; // holds the trace below -1, whatever way it rounds
+            q.fromMatrix(turn);
+            QVERIFY(bsVector(q.x, q.y, q.z) == axis);
+            QVERIFY(std::fabs(q.w) < 1e-12);
+        }
+    }
+
+    void the_trace_is_tested_without_tolerance()
+    {
+        const double excess = std::ldexp(1.0, -50);
+        bsQuaternion q;
+        q.fromMatrix(diagonal(1 + excess, -1, -1));
+        QCOMPARE(q.x, 0.0);
+        QCOMPARE(q.w, std::sqrt(excess) / 2);
+        QCOMPARE(q.fromMatrix(diagonal(1 - excess, -1, -1)).x, 1.0);
+        QVERIFY(is_near(q.fromMatrix(diagonal(-0.5, 0.5, -1)), 0, std::sqrt(3.0) / 2, 0, 0));
+    }
+
+    void short_ones_become_the_identity()
+    {
+        QVERIFY(is_near(bsQuaternion(9e-8, 0, 0, 0).normalize(), 0, 0, 0, 1));
+        QVERIFY(is_near(bsQuaternion(1.1e-7, 0, 0, 0).normalize(), 1, 0, 0, 0));
+        QVERIFY(is_near(bsQuaternion(0, 3, 0, -4).normalize(), 0, 0.6, 0, -0.8));
+        QVERIFY(is_near(bsQuaternion(270, bsVector()), 0, 0, 0, -1));
+        QVERIFY(is_near(bsQuaternion(0, 0, 0, 0) * bsQuaternion(), 0, 0, 0, 1));
+    }
+
+    void product_is_that_of_the_matrices()
+    {
+        const bsVector other(1, 2, 3);
+        double worst = 0.0;
+        for (double a : hard_angles())
+            for (double b : hard_angles())
+                for (const bsVector& axis : {bsVector(-1, 0, 0.5), bsVector(0, 0, 1)}) {
+                    const bsQuaternion p(a, axis), q(b, other);
+                    const bsMatrix expected = p.toMatrix() * q.toMatrix();
+                    bsQuaternion r(p);
+                    r *= q;
+                    worst = std::max({worst, largest_difference((p * q).toMatrix(), expected),
+                                      largest_difference(r.toMatrix(), expected)});
+                }
+        qInfo("worst error: %g", worst);
+        QVERIFY(worst < 1e-14);
+        QVERIFY(is_near(bsQuaternion(0, 0, 0, 5) * bsQuaternion(3, 0, 0, 0), 1, 0, 0, 0));
+    }
+
+    void slerp_goes_evenly_and_jumps_at_opposites()
+    {
+        const bsVector axis(1, -2, 2);
+        bsQuaternion q;
+        for (double t : {0.0, 0.25, 0.5, 1.0}) {
+            q.slerp(bsQuaternion(20, axis), bsQuaternion(140, axis), t);
+            QVERIFY(q.toMatrix() == bsQuaternion(20 + 120 * t, axis).toMatrix());
+        }
+        q.slerp(bsQuaternion(), bsQuaternion(), 0.3);
+        QVERIFY(is_near(q, 0, 0, 0, 1));
+        q.slerp(bsQuaternion(0.5, 0.5, 0.5, 0.5), bsQuaternion(-0.5, -0.5, -0.5, -0.5), 0.3);
+        QVERIFY(is_near(q, 0, 0, 0, 0.5));
+        q.slerp(bsQuaternion(2, 0, 3, 0), bsQuaternion(-4, 0, 0, 0), 0.5);
+        const double k = std::sqrt(0.5);
+        QVERIFY(is_near(q, -2 * k, 0, 3 * k, 3));
+    }
+
+    void goes_through_streams()
+    {
+        std::ostringstream out, prompts;
+        out << bsQuaternion(1, -2.5, 0, 1e-9);
+        QCOMPARE(out.str(), std::string("{1, -2.5, 0, 1e-09}"));
+        std::istringstream in("1 2 3 4.5");
+        std::streambuf* const standard_output = std::cout.rdbuf(prompts.rdbuf());
+        bsQuaternion q;
+        in >> q;
+        std::cout.rdbuf(standard_output);
+        QVERIFY(is_near(q, 1, 2, 3, 4.5));
+        QCOMPARE(prompts.str(), std::string("x : \ny : \nz : \nw : "));
+    }
 };
-
-void TestQuaternion::survives_the_way_through_a_matrix()
-{
-    double worst = 0.0;
-    for (bsMatrix pose : hard_poses()) {
-        if (!has_safe_trace(pose))
-            continue;
-        pose.setColumn(3, bsVector(), 1.0);
-        const bsMatrix back = bsQuaternion().fromMatrix(pose).toMatrix();
-        worst = std::max(worst, largest_difference(back, pose));
-    }
-    qInfo("worst error: %g", worst);
-    QVERIFY(worst < 1e-10);
-}
-
-void TestQuaternion::agrees_with_the_rotation_matrices()
-{
-    QVERIFY(bsQuaternion().toMatrix() == bsMatrix::getIdentityMatrix());
-    const bsVector x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
-    double worst = 0.0;
-    for (double a : hard_angles()) {
-        const double errors[] = {
-            largest_difference(bsQuaternion(a, x * 3.0).toMatrix(), bsMatrix().rotationX(a)),
-            largest_difference(bsQuaternion(a, y).toMatrix(), bsMatrix().rotationY(a)),
-            largest_difference(bsQuaternion(a, z).toMatrix(), bsMatrix().rotationZ(a)),
-            largest_difference(bsQuaternion(a, z).toMatrix(), bsMatrix().rotation(-a, z)),
-        };
-        worst = std::max(worst, *std::max_element(errors, errors + 4));
-    }
-    qInfo("worst error: %g", worst);
-    QVERIFY(worst < 1e-15);
-    bsMatrix out(7.0);
-    QCOMPARE(&bsQuaternion(90, z).toMatrix(out), &out);
-    QVERIFY(out == bsMatrix().rotationZ(90));
-}
-
-void TestQuaternion::half_turns_take_the_branch_of_their_axis()
-{
-    bsQuaternion q;
-    QVERIFY(is_near(q.fromMatrix(diagonal(1, -1, -1)), 1, 0, 0, 0));
-    QVERIFY(is_near(q.fromMatrix(diagonal(-1, 1, -1)), 0, 1, 0, 0));
-    QVERIFY(is_near(q.fromMatrix(diagonal(-1, -1, 1)), 0, 0, 1, 0));
-    const bsVector axes[] = {bsVector(3, 1, 2), bsVector(1, 3, 2), bsVector(1, 2, 3)};
-    for (bsVector axis : axes) {
-        axis.normalize();
-        bsMatrix turn = bsQuaternion(axis.x, axis.y, axis.z, 0).toMatrix();
-        turn(0, 0) -= 1e-9; // holds the trace below -1, whatever way it rounds
-        q.fromMatrix(turn);
-        QVERIFY(bsVector(q.x, q.y, q.z) == axis);
-        QVERIFY(std::fabs(q.w) < 1e-12);
-    }
-}
-
-void TestQuaternion::the_trace_is_tested_without_tolerance()
-{
-    const double excess = std::ldexp(1.0, -50);
-    bsQuaternion q;
-    q.fromMatrix(diagonal(1 + excess, -1, -1));
-    QCOMPARE(q.x, 0.0);
-    QCOMPARE(q.w, std::sqrt(excess) / 2);
-    q.fromMatrix(diagonal(1 - excess, -1, -1));
-    QCOMPARE(q.x, 1.0);
-    QVERIFY(is_near(q.fromMatrix(diagonal(4, 4, 4)), 0, 0, 0, std::sqrt(13.0) / 2));
-    QVERIFY(is_near(q.fromMatrix(diagonal(-0.5, 0.5, -1)), 0, std::sqrt(3.0) / 2, 0, 0));
-}
-
-void TestQuaternion::short_ones_become_the_identity()
-{
-    QVERIFY(is_near(bsQuaternion(0, 0, 0, 0).normalize(), 0, 0, 0, 1));
-    QVERIFY(is_near(bsQuaternion(9e-8, 0, 0, 0).normalize(), 0, 0, 0, 1));
-    QVERIFY(is_near(bsQuaternion(1.1e-7, 0, 0, 0).normalize(), 1, 0, 0, 0));
-    QVERIFY(is_near(bsQuaternion(0, 3, 0, -4).normalize(), 0, 0.6, 0, -0.8));
-    QVERIFY(is_near(bsQuaternion(90, bsVector()), 0, 0, 0, 1));
-    QVERIFY(is_near(bsQuaternion(270, bsVector()), 0, 0, 0, -1));
-    QVERIFY(is_near(bsQuaternion(0, 0, 0, 0) * bsQuaternion(), 0, 0, 0, 1));
-}
-
-void TestQuaternion::product_is_that_of_the_matrices()
-{
-    const bsVector axes[] = {bsVector(1, 2, 3), bsVector(-1, 0, 0.5), bsVector(0, 0, 1)};
-    double worst = 0.0;
-    for (double a : hard_angles())
-        for (double b : hard_angles())
-            for (const bsVector& axis : axes) {
-                const bsQuaternion p(a, axis);
-                const bsQuaternion q(b, axes[0]);
-                const bsMatrix expected = p.toMatrix() * q.toMatrix();
-                worst = std::max(worst, largest_difference((p * q).toMatrix(), expected));
-                bsQuaternion r(p);
-                r *= q;
-                worst = std::max(worst, largest_difference(r.toMatrix(), expected));
-            }
-    qInfo("worst error: %g", worst);
-    QVERIFY(worst < 1e-14);
-    QVERIFY(is_near(bsQuaternion(0, 0, 0, 5) * bsQuaternion(3, 0, 0, 0), 1, 0, 0, 0));
-}
-
-void TestQuaternion::slerp_goes_evenly_and_jumps_at_opposites()
-{
-    const bsVector axis(1, -2, 2);
-    const bsQuaternion a(20, axis);
-    const bsQuaternion b(140, axis);
-    bsQuaternion q;
-    for (double t : {0.0, 0.25, 0.5, 1.0}) {
-        q.slerp(a, b, t);
-        QVERIFY(q.toMatrix() == bsQuaternion(20 + 120 * t, axis).toMatrix());
-    }
-    const bsQuaternion one;
-    q.slerp(one, one, 0.3);
-    QVERIFY(is_near(q, 0, 0, 0, 1));
-    q.slerp(bsQuaternion(0.5, 0.5, 0.5, 0.5), bsQuaternion(-0.5, -0.5, -0.5, -0.5), 0.3);
-    QVERIFY(is_near(q, 0, 0, 0, 0.5));
-    q.slerp(bsQuaternion(2, 0, 3, 0), bsQuaternion(-4, 0, 0, 0), 0.5);
-    const double k = std::sqrt(0.5);
-    QVERIFY(is_near(q, -2 * k, 0, 3 * k, 3));
-}
-
-void TestQuaternion::goes_through_streams()
-{
-    std::ostringstream out;
-    out << bsQuaternion(1, -2.5, 0, 1e-9);
-    QCOMPARE(out.str(), std::string("{1, -2.5, 0, 1e-09}"));
-    std::istringstream in("1 2 3 4.5");
-    std::ostringstream prompts;
-    std::streambuf* const standard_output = std::cout.rdbuf(prompts.rdbuf());
-    bsQuaternion q;
-    in >> q;
-    std::cout.rdbuf(standard_output);
-    QVERIFY(is_near(q, 1, 2, 3, 4.5));
-    QCOMPARE(prompts.str(), std::string("x : \ny : \nz : \nw : "));
-}
 
 QTEST_APPLESS_MAIN(TestQuaternion)
 #include "test_bsQuaternion.moc"

@@ -4,48 +4,38 @@
 #include <QtTest>
 
 #include <cmath>
-#include <limits>
+#include <functional>
 
 #include <qwt_wheel.h>
 
 namespace
 {
 
-// Counts the three signals and keeps the order in which they came.
-class Recorder : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit Recorder(bsDoubleWidget& widget)
-    {
-        connect(&widget, &bsDoubleWidget::editingBegin, this, [this] { events += 'B'; });
-        connect(&widget, &bsDoubleWidget::editingFinished, this, [this] { events += 'F'; });
-        connect(&widget, &bsDoubleWidget::valueChanged, this, [this](double value) {
-            events += 'v';
-            values << value;
-        });
-    }
-
-    QString events;
-    QList<double> values;
-};
-
 class Widget : public bsDoubleWidget
 {
-    Q_OBJECT
-
 public:
     explicit Widget(double minimum = -1000, double maximum = 1000, bool wrapping = false,
                     bsDoubleMode mode = bsDoubleSpinAndWheel)
         : bsDoubleWidget(nullptr, mode, minimum, maximum, wrapping)
     {
+        connect(this, &bsDoubleWidget::editingBegin, [this] { events += 'B'; });
+        connect(this, &bsDoubleWidget::editingFinished, [this] { events += 'F'; });
+        connect(this, &bsDoubleWidget::valueChanged, [this](double value) {
+            events += 'v';
+            told << value;
+        });
     }
 
-    QDoubleSpinBox& spin() { return *spin_box; }
-    QwtWheel& turner() { return *wheel; }
-    bool isEditing() const { return editing; }
-    QPoint wheelCentre() const { return wheel->rect().center(); }
+    using bsDoubleWidget::editing;
+    using bsDoubleWidget::spin_box;
+    using bsDoubleWidget::wheel;
+
+    void activate()
+    {
+        show();
+        activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(this));
+    }
 
     void leave()
     {
@@ -53,21 +43,17 @@ public:
         QApplication::sendEvent(this, &event);
     }
 
-    void scroll(int notches)
+    void scroll()
     {
-        const QPoint at = wheelCentre();
-        QWheelEvent event(at, wheel->mapToGlobal(at), QPoint(), QPoint(0, 120 * notches),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        const QPoint at = wheel->rect().center();
+        QWheelEvent event(at, wheel->mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(wheel, &event);
     }
-};
 
-void show_active(QWidget& widget)
-{
-    widget.show();
-    widget.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&widget));
-}
+    QString events; // the three signals, in the order in which they came
+    QList<double> told;
+};
 
 } // namespace
 
@@ -78,248 +64,180 @@ class TestBsDoubleWidget : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void wheelIsSetUp();
-    void modeChoosesWhatIsShown_data();
-    void modeChoosesWhatIsShown();
-    void placement();
-    void wrappingKeepsBelowTheMaximum();
-    void setValueIsSilent_data();
-    void setValueIsSilent();
-    void adjustValueIsAnEdit();
-    void wheelTurnsIntoSteps_data();
-    void wheelTurnsIntoSteps();
-    void resetStepsNothing();
-    void typingBracket();
-    void dragBracket();
-    void scrollBracket();
-    void handlerMayResetInsideTheBracket();
-    void properties();
+    void modeChoosesWhatIsShown()
+    {
+        Widget widget(0, 1, false, bsDoubleWheelOnly);
+        // The last one is unknown and changes nothing.
+        const int rows[][3] = {
+            {0, true, false}, {2, true, true}, {1, false, true}, {7, false, true}};
+        for (const auto& row : rows) {
+            widget.setMode(static_cast<bsDoubleMode>(row[0]));
+            QCOMPARE(int(widget.spin_box->isVisibleTo(&widget)), row[1]);
+            QCOMPARE(int(widget.wheel->isVisibleTo(&widget)), row[2]);
+        }
+    }
+
+    void placement()
+    {
+        Widget widget;
+        widget.setProperty("label", "angle");
+        widget.setLabelColor(Qt::green);
+        widget.activate();
+        const QLabel* label = widget.findChild<QLabel*>();
+        const QwtWheel* wheel = widget.wheel;
+        QCOMPARE(label->text(), QString("angle"));
+        for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Disabled})
+            QCOMPARE(label->palette().color(group, QPalette::WindowText), QColor(Qt::green));
+        QVERIFY(label->geometry().right() < widget.spin_box->x());
+        QVERIFY(widget.spin_box->geometry().bottom() < wheel->y());
+        QVERIFY(wheel->width() > wheel->height());
+
+        widget.setLabelPosition(bsDoubleTop);
+        widget.setWheelPosition(bsDoubleLeft);
+        widget.setWheelOrientation(bsDoubleVertical);
+        widget.resize(200, 150);
+        QCoreApplication::processEvents();
+        QVERIFY(label->geometry().bottom() < widget.spin_box->y());
+        QVERIFY(wheel->geometry().right() < widget.spin_box->x());
+        QVERIFY(wheel->height() > wheel->width());
+        QCOMPARE(widget.sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+    }
+
+    void wrappingKeepsBelowTheMaximum()
+    {
+        Widget widget(-180, 180, true);
+        const struct
+        {
+            std::function<void()> change;
+            double maximum;
+        } steps[] = {
+            {[&] { widget.setWrapping(true); }, 179},  {[&] { widget.setStep(10); }, 170},
+            {[&] { widget.setWrapping(false); }, 171}, // by 1, not by the step
+            {[&] { widget.setStep(3); }, 171},         {[&] { widget.setWrapping(true); }, 170},
+            {[&] { widget.setRange(0, 360); }, 359}, // by 1, whatever the step
+        };
+        for (const auto& step : steps) {
+            step.change();
+            QCOMPARE(widget.spin_box->maximum(), step.maximum);
+        }
+    }
+
+    void setValueOpensNoBracket()
+    {
+        const struct
+        {
+            const char* oddity;
+            double value;
+            QString events;
+            double held;
+        } rows[] = {
+            {"within the smallest change", 5.000009, "", 5.0},
+            {"just beyond it, lost in rounding", 5.00002, "v", 5.0},
+            {"above the range: clipped, but told as given", 2000.0, "v", 1000.0},
+            {"infinite", -HUGE_VAL, "v", -1000.0},
+        };
+        for (const auto& row : rows) {
+            Widget widget;
+            widget.setValue(5);
+            widget.events.clear();
+            widget.setValue(row.value);
+            QVERIFY2(widget.events == row.events && widget.value() == row.held, row.oddity);
+            QVERIFY2(row.events.isEmpty() || widget.told.last() == row.value, row.oddity);
+            QVERIFY(!widget.editing);
+        }
+    }
+
+    void adjustValueIsAnEdit()
+    {
+        Widget widget;
+        widget.setDecimals(6);
+        widget.adjustValue(0.00001);
+        QCOMPARE(widget.events, QString());
+        widget.adjustValue(2);
+        widget.adjustValue(-3);
+        QCOMPARE(widget.events, QString("Bvv"));
+        QCOMPARE(widget.value(), -1.0);
+    }
+
+    void wheelTurnsIntoSteps()
+    {
+        const struct
+        {
+            const char* oddity;
+            QList<double> angles;
+            double value;
+        } rows[] = {
+            {"forward and back", {30, 12}, 12},
+            {"exactly half a turn is no jump", {180}, 180},
+            {"down over the end: one step more", {359}, -2},
+            {"up over the end: one step more", {120, 240, 359, 1}, 362},
+            {"fractions are dropped, toward zero", {1.9, 0.2}, 0},
+        };
+        for (const auto& row : rows) {
+            Widget widget;
+            for (double angle : row.angles)
+                widget.wheel->setValue(angle);
+            QVERIFY2(widget.value() == row.value, row.oddity);
+            widget.setValue(77);
+            QCOMPARE(widget.wheel->value(), row.angles.last());
+        }
+    }
+
+    void resetStepsNothing()
+    {
+        Widget widget(10, 90);
+        widget.wheel->setValue(50);
+        widget.reset();
+        QCOMPARE(widget.wheel->value(), 0.0);
+        QCOMPARE(widget.told, (QList<double>{60, 10}));
+    }
+
+    void typingBracket()
+    {
+        Widget widget;
+        widget.activate();
+        widget.spin_box->setFocus();
+        widget.spin_box->selectAll();
+        QTest::keyClicks(widget.spin_box, "42");
+        QCOMPARE(widget.events, QString("Bvv"));
+        QTest::keyClick(widget.spin_box, Qt::Key_Return);
+        // The end is told once, although the spin box reports a second one as it loses the focus.
+        QCOMPARE(widget.events, QString("BvvvF"));
+        QVERIFY(!widget.spin_box->hasFocus());
+    }
+
+    void dragBracket()
+    {
+        Widget widget;
+        widget.activate();
+        const QPoint from = widget.wheel->rect().center(), to = from + QPoint(10, 0);
+        QTest::mousePress(widget.wheel, Qt::LeftButton, {}, from);
+        QCOMPARE(widget.events, QString("B"));
+        QVERIFY(widget.spin_box->hasFocus());
+        QMouseEvent move(QEvent::MouseMove, to, Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(widget.wheel, &move);
+        widget.leave(); // the pointer may leave while the button is down
+        QCOMPARE(widget.events, QString("Bv"));
+        QTest::mouseRelease(widget.wheel, Qt::LeftButton, {}, to);
+        QCOMPARE(widget.events, QString("BvF"));
+        QCOMPARE(widget.value(), widget.told.first());
+        QCOMPARE(widget.wheel->value(), 0.0);
+    }
+
+    void scrollBracketSurvivesAHandlerThatResets()
+    {
+        Widget widget(-1000, 1000, false, bsDoubleWheelOnly);
+        widget.activate();
+        widget.scroll();
+        widget.scroll();
+        QCOMPARE(widget.value(), 2.0);
+        connect(&widget, &bsDoubleWidget::editingFinished, &widget, &bsDoubleWidget::reset);
+        widget.leave();
+        widget.leave();
+        QCOMPARE(widget.events, QString("BvvFv"));
+        QVERIFY(!widget.editing);
+    }
 };
-
-void TestBsDoubleWidget::wheelIsSetUp()
-{
-    Widget widget;
-    const QwtWheel& wheel = widget.turner();
-    QCOMPARE(wheel.minimum(), 0.0);
-    QCOMPARE(wheel.maximum(), 360.0);
-    QCOMPARE(wheel.singleStep(), 1.0);
-    QCOMPARE(wheel.pageStepCount(), 10);
-    QCOMPARE(wheel.totalAngle(), 3600.0);
-    QCOMPARE(wheel.tickCount(), 15);
-    QVERIFY(wheel.wrapping());
-}
-
-void TestBsDoubleWidget::modeChoosesWhatIsShown_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<bool>("spin");
-    QTest::addColumn<bool>("wheel");
-    QTest::newRow("spin box") << 0 << true << false;
-    QTest::newRow("wheel") << 1 << false << true;
-    QTest::newRow("both") << 2 << true << true;
-    QTest::newRow("unknown: as before") << 7 << false << true;
-}
-
-void TestBsDoubleWidget::modeChoosesWhatIsShown()
-{
-    QFETCH(int, mode);
-    Widget widget(0, 1, false, bsDoubleWheelOnly);
-    widget.setMode(static_cast<bsDoubleMode>(mode));
-    QTEST(widget.spin().isVisibleTo(&widget), "spin");
-    QTEST(widget.turner().isVisibleTo(&widget), "wheel");
-}
-
-void TestBsDoubleWidget::placement()
-{
-    Widget widget;
-    widget.setLabel("angle");
-    show_active(widget);
-    QLabel* label = widget.findChild<QLabel*>();
-    QVERIFY(label->geometry().right() < widget.spin().x());
-    QVERIFY(widget.spin().geometry().bottom() < widget.turner().y());
-    QVERIFY(widget.turner().width() > widget.turner().height());
-
-    widget.setLabelPosition(bsDoubleTop);
-    widget.setWheelPosition(bsDoubleLeft);
-    widget.setWheelOrientation(bsDoubleVertical);
-    widget.resize(200, 150);
-    QCoreApplication::processEvents();
-    QVERIFY(label->geometry().bottom() < widget.spin().y());
-    QVERIFY(widget.turner().geometry().right() < widget.spin().x());
-    QVERIFY(widget.turner().height() > widget.turner().width());
-    QCOMPARE(widget.sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
-}
-
-void TestBsDoubleWidget::wrappingKeepsBelowTheMaximum()
-{
-    Widget widget(-180, 180, true);
-    QCOMPARE(widget.spin().maximum(), 179.0);
-    widget.setWrapping(true);
-    QCOMPARE(widget.spin().maximum(), 179.0);
-    widget.setStep(0.5);
-    QCOMPARE(widget.spin().maximum(), 179.5);
-    widget.setStep(10);
-    QCOMPARE(widget.spin().maximum(), 170.0);
-    widget.setWrapping(false); // by 1, not by the step
-    QCOMPARE(widget.spin().maximum(), 171.0);
-    widget.setStep(3);
-    QCOMPARE(widget.spin().maximum(), 171.0);
-    widget.setWrapping(true);
-    QCOMPARE(widget.spin().maximum(), 170.0);
-    widget.setRange(0, 360); // by 1, whatever the step
-    QCOMPARE(widget.spin().maximum(), 359.0);
-    QCOMPARE(widget.spin().minimum(), 0.0);
-}
-
-void TestBsDoubleWidget::setValueIsSilent_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("events");
-    QTest::addColumn<double>("held");
-    QTest::newRow("new value") << 12.5 << "v" << 12.5;
-    QTest::newRow("within the smallest change") << 5.000009 << "" << 5.0;
-    QTest::newRow("just beyond it, lost in rounding") << 5.00002 << "v" << 5.0;
-    QTest::newRow("above the range: clipped, but told as given") << 2000.0 << "v" << 1000.0;
-    QTest::newRow("infinite") << -std::numeric_limits<double>::infinity() << "v" << -1000.0;
-}
-
-void TestBsDoubleWidget::setValueIsSilent()
-{
-    QFETCH(double, value);
-    Widget widget;
-    widget.setValue(5);
-    Recorder recorder(widget);
-    widget.setValue(value);
-    QTEST(recorder.events, "events");
-    QTEST(widget.value(), "held");
-    if (!recorder.values.isEmpty())
-        QCOMPARE(recorder.values.first(), value);
-    QVERIFY(!widget.isEditing());
-}
-
-void TestBsDoubleWidget::adjustValueIsAnEdit()
-{
-    Widget widget;
-    widget.setDecimals(6);
-    Recorder recorder(widget);
-    widget.adjustValue(0.00001);
-    QCOMPARE(recorder.events, QString());
-    widget.adjustValue(2);
-    widget.adjustValue(-3);
-    QCOMPARE(recorder.events, QString("Bvv"));
-    QCOMPARE(widget.value(), -1.0);
-}
-
-void TestBsDoubleWidget::wheelTurnsIntoSteps_data()
-{
-    QTest::addColumn<QList<double>>("angles");
-    QTest::addColumn<double>("value");
-    QTest::newRow("forward and back") << QList<double>{30, 12} << 12.0;
-    QTest::newRow("exactly half a turn is no jump") << QList<double>{180} << 180.0;
-    QTest::newRow("down over the end: one step more") << QList<double>{359} << -2.0;
-    QTest::newRow("up over the end: one step more") << QList<double>{120, 240, 359, 1} << 362.0;
-    QTest::newRow("fractions are dropped, toward zero") << QList<double>{1.9, 0.2} << 0.0;
-}
-
-void TestBsDoubleWidget::wheelTurnsIntoSteps()
-{
-    QFETCH(QList<double>, angles);
-    Widget widget;
-    for (double angle : angles)
-        widget.turner().setValue(angle);
-    QTEST(widget.value(), "value");
-    QCOMPARE(widget.turner().value(), angles.last());
-    widget.setValue(77);
-    QCOMPARE(widget.turner().value(), angles.last());
-}
-
-void TestBsDoubleWidget::resetStepsNothing()
-{
-    Widget widget(10, 90);
-    widget.turner().setValue(50);
-    QCOMPARE(widget.value(), 60.0);
-    Recorder recorder(widget);
-    widget.reset();
-    QCOMPARE(widget.turner().value(), 0.0);
-    QCOMPARE(recorder.values, QList<double>{10});
-}
-
-void TestBsDoubleWidget::typingBracket()
-{
-    Widget widget;
-    show_active(widget);
-    Recorder recorder(widget);
-    widget.spin().setFocus();
-    widget.spin().selectAll();
-    QTest::keyClicks(&widget.spin(), "42");
-    QCOMPARE(recorder.events, QString("Bvv"));
-    QTest::keyClick(&widget.spin(), Qt::Key_Return);
-    // The end is told once, although the spin box reports a second one as it loses the focus.
-    QCOMPARE(recorder.events, QString("BvvvF"));
-    QVERIFY(!widget.spin().hasFocus());
-    QVERIFY(!widget.isEditing());
-}
-
-void TestBsDoubleWidget::dragBracket()
-{
-    Widget widget;
-    show_active(widget);
-    Recorder recorder(widget);
-    const QPoint from = widget.wheelCentre();
-    QTest::mousePress(&widget.turner(), Qt::LeftButton, {}, from);
-    QCOMPARE(recorder.events, QString("B"));
-    QVERIFY(widget.spin().hasFocus());
-    QMouseEvent move(QEvent::MouseMove, from + QPoint(10, 0), Qt::LeftButton, Qt::LeftButton, {});
-    QApplication::sendEvent(&widget.turner(), &move);
-    QVERIFY(widget.value() != 0.0);
-    widget.leave(); // the pointer may leave while the button is down
-    QCOMPARE(recorder.events, QString("Bv"));
-    const double dragged = widget.value();
-    QTest::mouseRelease(&widget.turner(), Qt::LeftButton, {}, from + QPoint(10, 0));
-    QCOMPARE(recorder.events, QString("BvF"));
-    QCOMPARE(widget.value(), dragged);
-    QCOMPARE(widget.turner().value(), 0.0);
-}
-
-void TestBsDoubleWidget::scrollBracket()
-{
-    Widget widget(-1000, 1000, false, bsDoubleWheelOnly);
-    show_active(widget);
-    Recorder recorder(widget);
-    widget.scroll(1);
-    widget.scroll(1);
-    QCOMPARE(widget.value(), 2.0);
-    QCOMPARE(recorder.events, QString("Bvv"));
-    widget.leave();
-    widget.leave();
-    QCOMPARE(recorder.events, QString("BvvF"));
-}
-
-void TestBsDoubleWidget::handlerMayResetInsideTheBracket()
-{
-    Widget widget(-1000, 1000, false, bsDoubleWheelOnly);
-    show_active(widget);
-    connect(&widget, &bsDoubleWidget::editingFinished, &widget, &bsDoubleWidget::reset);
-    Recorder recorder(widget);
-    widget.scroll(1);
-    widget.leave();
-    QCOMPARE(recorder.events, QString("BvvF"));
-    QCOMPARE(recorder.values, (QList<double>{1, 0}));
-    QVERIFY(!widget.isEditing());
-}
-
-void TestBsDoubleWidget::properties()
-{
-    Widget widget;
-    QVERIFY(widget.setProperty("value", 3.5));
-    QVERIFY(widget.setProperty("label", "rx"));
-    QCOMPARE(widget.property("value").toDouble(), 3.5);
-    QCOMPARE(widget.findChild<QLabel*>()->text(), QString("rx"));
-    widget.setLabelColor(Qt::green);
-    const QPalette palette = widget.findChild<QLabel*>()->palette();
-    QCOMPARE(palette.color(QPalette::Disabled, QPalette::WindowText), QColor(Qt::green));
-    QCOMPARE(palette.color(QPalette::Active, QPalette::WindowText), QColor(Qt::green));
-}
 
 QTEST_MAIN(TestBsDoubleWidget)
 #include "test_bsDoubleWidget.moc"
