@@ -17,8 +17,6 @@ QString words(const QLabel& label)
 
 QLabel& label(const QDialog& dialog, const char* name) { return *dialog.findChild<QLabel*>(name); }
 
-const char* const help_labels[] = {"label", "label_2", "label_3", "label_5", "label_6", "label_4"};
-
 // Every label has the room that its text or image needs at the width it got.
 void verify_nothing_is_cut(const QDialog& dialog)
 {
@@ -40,29 +38,22 @@ class TestHelp : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void imagesAreThere_data();
     void imagesAreThere();
     void matchingHelpTellsTheStepsInOrder();
     void viewHelpNamesTheGestures();
-    void everythingFits();
-    void exitCloses();
+    void everythingFitsAndExitCloses();
 };
-
-void TestHelp::imagesAreThere_data()
-{
-    QTest::addColumn<QSize>("size");
-    for (const char* name : {"background", "normal", "powerwall_standing", "mid_camera"})
-        QTest::newRow(name) << QSize(206, 206);
-    for (const char* name : {"grey", "green", "red"})
-        QTest::newRow(name) << QSize(19, 19);
-    for (const char* name : {"panning", "rotation", "zooming"})
-        QTest::newRow(name) << QSize(180, 135);
-    QTest::newRow("lock") << QSize(48, 48);
-}
 
 void TestHelp::imagesAreThere()
 {
-    QTEST(QImage(QString(":/%1.png").arg(QTest::currentDataTag())).size(), "size");
+    const std::pair<QSize, QStringList> images[] = {
+        {{206, 206}, {"background", "normal", "powerwall_standing", "mid_camera"}},
+        {{19, 19}, {"grey", "green", "red"}},
+        {{180, 135}, {"panning", "rotation", "zooming"}},
+        {{48, 48}, {"lock"}}};
+    for (const auto& [size, names] : images)
+        for (const QString& name : names)
+            QCOMPARE(QImage(":/" + name + ".png").size(), size);
 }
 
 void TestHelp::matchingHelpTellsTheStepsInOrder()
@@ -74,7 +65,7 @@ void TestHelp::matchingHelpTellsTheStepsInOrder()
     QString all;
     int bottom = -1;
     help.show();
-    for (const char* name : help_labels) {
+    for (const char* name : {"label", "label_2", "label_3", "label_5", "label_6", "label_4"}) {
         const QLabel& shown = label(help, name);
         all += words(shown) + ' ';
         QVERIFY(qstrcmp(name, "label_6") == 0 || shown.y() > bottom);
@@ -99,26 +90,24 @@ void TestHelp::viewHelpNamesTheGestures()
 {
     HelpDialog help(nullptr);
     QVERIFY(!help.isModal());
-    QCOMPARE(help.minimumSize(), QSize(768, 299));
-    QCOMPARE(help.maximumSize(), QSize(768, 10000));
+    QVERIFY(help.minimumSize() == QSize(768, 299) && help.maximumSize() == QSize(768, 10000));
     QCOMPARE(int(help.windowFlags()), Qt::Dialog | 12288);
     const QGridLayout* grid = help.findChild<QGridLayout*>();
-    const char* const cells[3][3] = {{"label_9", "label_10", "label_11"},
-                                     {"label_5", "label_3", "label_7"},
-                                     {"label_4", "label_2", "label_6"}};
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 3; ++column)
-            QCOMPARE(grid->itemAtPosition(row, column)->widget(), &label(help, cells[row][column]));
-    for (int column = 0; column < 3; ++column) {
-        const QLayoutItem* item = grid->itemAtPosition(1, column);
-        QCOMPARE(int(item->alignment()), 132);
-        QCOMPARE(label(help, cells[1][column]).pixmap(Qt::ReturnByValue).size(), QSize(180, 135));
+    const QStringList cells = {"label_9 label_10 label_11", "label_5 label_3 label_7",
+                               "label_4 label_2 label_6"};
+    for (int cell = 0; cell < 9; ++cell) {
+        QLayoutItem* item = grid->itemAtPosition(cell / 3, cell % 3);
+        const QLabel* shown = qobject_cast<QLabel*>(item->widget());
+        QCOMPARE(shown->objectName(), cells[cell / 3].section(' ', cell % 3, cell % 3));
+        if (cell / 3 == 1)
+            QVERIFY(item->alignment() == 132
+                    && shown->pixmap(Qt::ReturnByValue).size() == QSize(180, 135));
     }
     QCOMPARE(label(help, "label_6").text(),
              QString("Ctrl + mouse wheel<br>\nShift + left mouse button"));
 }
 
-void TestHelp::everythingFits()
+void TestHelp::everythingFitsAndExitCloses()
 {
     MatchingHelp matching(nullptr);
     HelpDialog view(nullptr);
@@ -126,16 +115,7 @@ void TestHelp::everythingFits()
         dialog->show();
         QVERIFY(QTest::qWaitForWindowExposed(dialog));
         verify_nothing_is_cut(*dialog);
-    }
-    QVERIFY(matching.height() < 740);
-}
-
-void TestHelp::exitCloses()
-{
-    MatchingHelp matching(nullptr);
-    HelpDialog view(nullptr);
-    for (QDialog* dialog : {static_cast<QDialog*>(&matching), static_cast<QDialog*>(&view)}) {
-        dialog->show();
+        QVERIFY(dialog->height() < 740);
         QPushButton* exit = dialog->findChild<QPushButton*>();
         QCOMPARE(exit->text(), QString("E&xit"));
         QTest::mouseClick(exit, Qt::LeftButton);

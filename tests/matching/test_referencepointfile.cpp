@@ -44,41 +44,22 @@ protected:
     int_type underflow() override { throw std::ios_base::failure("read error"); }
 };
 
-bool is_int(const std::string& text)
-{
-    const char* const blanks = " \t";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string::npos)
-        return false;
-    const std::string bare = text.substr(first, text.find_last_not_of(blanks) + 1 - first);
-    const std::string digits = bare.substr(bare[0] == '-' || bare[0] == '+');
-    if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos)
-        return false;
-    const long value = std::strtol(bare.c_str(), nullptr, 10);
-    return value >= INT_MIN && value <= INT_MAX;
-}
-
 // The repair character by character, for short texts.
-bool repair_literally(std::string& text)
+bool repair_literally(QByteArray& text)
 {
-    std::string parts[2];
-    int part = 0;
-    for (const char c : text) {
-        if (c == '.' || c == ',')
-            ++part;
-        else if (part < 2)
-            parts[part] += c;
-    }
-    while (parts[1].size() < 2)
-        parts[1] += '0';
-    parts[1].resize(2);
+    QByteArrayList parts = QByteArray(text).replace(',', '.').split('.').mid(0, 2);
+    while (parts.size() < 2)
+        parts << "";
+    parts[1] = parts[1].leftJustified(2, '0', true);
     bool good = true;
-    for (std::string& p : parts)
-        if (!is_int(p)) {
-            p = "0";
-            good = false;
-        }
-    text = parts[0] + "." + parts[1];
+    for (QByteArray& part : parts) {
+        bool is_int;
+        part.trimmed().toInt(&is_int);
+        good = good && is_int;
+        if (!is_int)
+            part = "0";
+    }
+    text = parts.join('.');
     return good;
 }
 
@@ -91,79 +72,67 @@ class TestReferencePointFile : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void reads_the_three_formats_data();
     void reads_the_three_formats();
+    void reads_keyed_blocks();
     void reads_under_a_comma_locale();
     void values_go_through_float();
     void long_lines_are_no_points();
     void too_many_points_are_refused();
-    void junk_ends_in_time_data();
     void junk_ends_in_time();
     void read_errors_change_nothing();
     void written_lines_read_back();
-    void repairs_numbers_data();
     void repairs_numbers();
     void repairs_every_short_text();
     void appends_the_extension();
 };
 
-void TestReferencePointFile::reads_the_three_formats_data()
+void TestReferencePointFile::reads_the_three_formats()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("points");
-    const char* const rows[][3] = {
-        {"numbered", "1 1 2 3\n2 -4.5 5e1 6\n", "1 2 3; -4.5 50 6"},
-        {"parenthesised", "(1) 1 2 3\n(7)4 5 6\n", "1 2 3; 4 5 6"},
-        {"header before", "Object 1\n\n 1 9 9 9\n1 1 2 3\n", "1 2 3"},
-        {"text and blank lines between", "1 1 2 3\n\nx\n2 4 5\n  3 7 8 9 end\n", "1 2 3; 7 8 9"},
-        {"white space and line ends", "1\t1  2\t3\r\n\t 2 4 5 6\r\n", "1 2 3; 4 5 6"},
-        {"blank before a parenthesis", "(1) 1 2 3\n (2) 4 5 6\n(3) 7 8 9\n", "1 2 3; 7 8 9"},
-        {"blank within parentheses", "(1) 1 2 3\n( 2) 4 5 6\n(3 ) 7 8 9\n", "1 2 3; 4 5 6"},
-        {"title with a 1", "1st object\n2 4 5 6\n", "4 5 6"},
-        {"begins with point 2", "2 1 2 3\n3 4 5 6\n", "unknown"},
-        {"begins with point 10", "10 1 2 3\n", "1 2 3"},
-        {"number and value touch", "1.5 2 3\n1-4-5-6\n", "0.5 2 3; -4 -5 -6"},
-        {"number beyond int", "1 1 2 3\n99999999999999999999 4 5 6\n", "1 2 3; 4 5 6"},
-        {"decimal commas", "1 1,5 2 3\n", ""},
-        {"not finite", "1 nan 2 3\n2 1 -inf 3\n3 1 2 1e39\n4 1 2 0x10\n", "1 2 16"},
-        {"no line feed at the end", "1 1 2 3\n2 4 5 6", "1 2 3"},
-        {"one line without line feed", "1 1 2 3", ""},
-        {"recognised, no point", "(1)\n", ""},
-        {"empty", "", "unknown"},
-        {"line feeds only", "\n\n\n", "unknown"},
+    const char* const rows[][2] = {
+        {"1 1 2 3\n2 -4.5 5e1 6\n", "1 2 3; -4.5 50 6"},
+        {"(1) 1 2 3\n(7)4 5 6\n", "1 2 3; 4 5 6"},
+        {"Object 1\n\n 1 9 9 9\n1 1 2 3\n", "1 2 3"},
+        {"1 1 2 3\n\nx\n2 4 5\n  3 7 8 9 end\n", "1 2 3; 7 8 9"},
+        {"1\t1  2\t3\r\n\t 2 4 5 6\r\n", "1 2 3; 4 5 6"},
+        {"(1) 1 2 3\n (2) 4 5 6\n(3) 7 8 9\n", "1 2 3; 7 8 9"},
+        {"(1) 1 2 3\n( 2) 4 5 6\n(3 ) 7 8 9\n", "1 2 3; 4 5 6"},
+        {"1st object\n2 4 5 6\n", "4 5 6"},
+        {"2 1 2 3\n3 4 5 6\n", "unknown"},
+        {"10 1 2 3\n", "1 2 3"},
+        {"1.5 2 3\n1-4-5-6\n", "0.5 2 3; -4 -5 -6"},
+        {"1 1 2 3\n99999999999999999999 4 5 6\n", "1 2 3; 4 5 6"},
+        {"1 1,5 2 3\n", ""},
+        {"1 nan 2 3\n2 1 -inf 3\n3 1 2 1e39\n4 1 2 0x10\n", "1 2 16"},
+        {"1 1 2 3\n2 4 5 6", "1 2 3"},
+        {"1 1 2 3", ""},
+        {"(1)\n", ""},
+        {"", "unknown"},
+        {"1 1 2 3| 4\n|2 4 5 6\n3 7 8| 9\n", "1 2 3"}, // | is a zero byte
     };
     for (const auto& row : rows)
-        QTest::newRow(row[0]) << QByteArray(row[1]) << QString(row[2]);
+        QCOMPARE(read(QByteArray(row[0]).replace('|', '\0')), QString(row[1]));
+}
+
+void TestReferencePointFile::reads_keyed_blocks()
+{
     const QByteArray x = keyed(0, "1") + keyed(0, "2");
     const QByteArray y = keyed(1, "3") + keyed(1, "4");
     const QByteArray z = keyed(2, "5") + keyed(2, "6");
-    QTest::newRow("keyed") << "head\n" + x + y + z << QString("1 3 5; 2 4 6");
-    QTest::newRow("keyed, no line feed at the end")
-        << (x + y + z).chopped(1) << QString("1 3 5; 2 4 6");
-    QTest::newRow("keyed without z") << x + y << QString("1 3 -999; 2 4 -999");
-    QTest::newRow("keyed, fewer y than x") << x + keyed(1, "3") + z << QString("1 3 5; 2 -999 6");
-    QTest::newRow("keyed, more y and z than x") << keyed(0, "1") + y + z + z << QString("1 3 5");
-    QTest::newRow("keyed, y before x") << y + x + y << QString("1 3 -999; 2 4 -999");
-    QTest::newRow("line that ends the blocks is lost") << x + y + z + "1 1 1 1\n2 2 2 2\n"
-                                                       << QString("1 3 5; 2 4 6");
-    QTest::newRow("numbered after keyed") << keyed(0, "1") + "\n1 4 5 6\n"
-                                          << QString("1 -999 -999; 4 5 6");
-    QTest::newRow("keyed twice adds points")
-        << x + y + z + "\n" + keyed(0, "8") << QString("1 3 5; 2 4 6; 8 -999 -999");
-    QTest::newRow("keyed twice counts y from the first point")
-        << x + y + z + "\n" + keyed(0, "8") + keyed(1, "7") + y
-        << QString("1 7 5; 2 4 6; 8 -999 -999");
-    QTest::newRow("other pilcrow") << QByteArray("Documentation_mPos[3][0]:3:\xC2\xB6"
-                                                 "1\xC2\xB6\n")
-                                   << QString();
-    QTest::newRow("zero bytes") << QByteArray("1 1 2 3| 4\n|2 4 5 6\n3 7 8| 9\n").replace('|', '\0')
-                                << QString("1 2 3");
-}
-
-void TestReferencePointFile::reads_the_three_formats()
-{
-    QFETCH(QByteArray, content);
-    QTEST(read(content), "points");
+    const QByteArray rows[][2] = {
+        {"head\n" + x + y + z, "1 3 5; 2 4 6"},
+        {(x + y + z).chopped(1), "1 3 5; 2 4 6"},
+        {x + y, "1 3 -999; 2 4 -999"},
+        {x + keyed(1, "3") + z, "1 3 5; 2 -999 6"},
+        {keyed(0, "1") + y + z + z, "1 3 5"},
+        {y + x + y, "1 3 -999; 2 4 -999"},
+        {x + y + z + "1 1 1 1\n2 2 2 2\n", "1 3 5; 2 4 6"}, // what ends the blocks is lost
+        {keyed(0, "1") + "\n1 4 5 6\n", "1 -999 -999; 4 5 6"},
+        {x + y + z + "\n" + keyed(0, "8"), "1 3 5; 2 4 6; 8 -999 -999"},
+        {x + y + z + "\n" + keyed(0, "8") + keyed(1, "7") + y, "1 7 5; 2 4 6; 8 -999 -999"},
+        {"Documentation_mPos[3][0]:3:\xC2\xB6" + QByteArray("1\xC2\xB6\n"), ""}, // in UTF-8
+    };
+    for (const auto& row : rows)
+        QCOMPARE(read(row[0]), QString(row[1]));
 }
 
 void TestReferencePointFile::reads_under_a_comma_locale()
@@ -205,26 +174,21 @@ void TestReferencePointFile::too_many_points_are_refused()
     QCOMPARE(read(keyed(0, "1").repeated(reference_file_max_points + 1)), QString("unknown"));
 }
 
-void TestReferencePointFile::junk_ends_in_time_data()
-{
-    QTest::addColumn<QByteArray>("piece");
-    QTest::addColumn<QString>("points");
-    QTest::newRow("one line of zero bytes") << QByteArray(1, '\0') << "unknown";
-    QTest::newRow("line feeds") << QByteArray("\n") << "unknown";
-    QTest::newRow("ones") << QByteArray("1\n") << "";
-    QTest::newRow("digits") << QByteArray("1") << "unknown";
-    QTest::newRow("x keys without number") << keyed(0, "") << "";
-}
-
 void TestReferencePointFile::junk_ends_in_time()
 {
-    QFETCH(QByteArray, piece);
     const int megabytes = qEnvironmentVariableIsSet("RA_EXHAUSTIVE") ? 100 : 4;
-    QElapsedTimer timer;
-    const QByteArray junk = piece.repeated((megabytes << 20) / piece.size());
-    timer.start();
-    QTEST(read(junk), "points");
-    QVERIFY2(timer.elapsed() < megabytes * 1000, "slower than 1 MB/s");
+    const QByteArray rows[][2] = {{QByteArray(1, '\0'), "unknown"},
+                                  {"\n", "unknown"},
+                                  {"1\n", ""},
+                                  {"1", "unknown"},
+                                  {keyed(0, ""), ""}};
+    for (const auto& row : rows) {
+        const QByteArray junk = row[0].repeated((megabytes << 20) / row[0].size());
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(read(junk), QString(row[1]));
+        QVERIFY2(timer.elapsed() < megabytes * 1000, "slower than 1 MB/s");
+    }
 }
 
 void TestReferencePointFile::read_errors_change_nothing()
@@ -232,11 +196,9 @@ void TestReferencePointFile::read_errors_change_nothing()
     std::vector<bsVector> points(1, bsVector(7, 8, 9));
     BrokenBuffer buffer("1 1 2 3\n2 4 5 6\n");
     std::istream broken(&buffer);
+    std::ifstream folder("/"), missing("/no such file");
     QVERIFY(!read_reference_points(broken, points));
-    std::ifstream folder("/");
-    QVERIFY(!read_reference_points(folder, points));
-    std::ifstream missing("/no such file");
-    QVERIFY(!read_reference_points(missing, points));
+    QVERIFY(!read_reference_points(folder, points) && !read_reference_points(missing, points));
     QCOMPARE(describe(points), QString("7 8 9"));
 }
 
@@ -248,49 +210,41 @@ void TestReferencePointFile::written_lines_read_back()
     QCOMPARE(read(lines.toLatin1()), QString("1000.25 -0.5 7; 4 5.75 6.5"));
 }
 
-void TestReferencePointFile::repairs_numbers_data()
-{
-    QTest::addColumn<QString>("repaired");
-    QTest::addColumn<bool>("good");
-    QTest::newRow("12") << "12.00" << true;
-    QTest::newRow("12,5") << "12.50" << true;
-    QTest::newRow("12.345") << "12.34" << true;
-    QTest::newRow("0.999") << "0.99" << true;
-    QTest::newRow("-3.5") << "-3.50" << true;
-    QTest::newRow("1.2.3") << "1.20" << true;
-    QTest::newRow("+5") << "+5.00" << true;
-    QTest::newRow("007") << "007.00" << true;
-    QTest::newRow(".5") << "0.50" << false;
-    QTest::newRow("abc") << "0.00" << false;
-    QTest::newRow("12.x") << "12.0" << false;
-    QTest::newRow("1e3") << "0.00" << false;
-    QTest::newRow("") << "0.00" << false;
-    QTest::newRow("-2147483648.9") << "-2147483648.90" << true;
-    QTest::newRow("2147483648") << "0.00" << false;
-}
-
 void TestReferencePointFile::repairs_numbers()
 {
-    QFETCH(bool, good);
-    QString text = QTest::currentDataTag();
-    QCOMPARE(repair_number(text), good);
-    QTEST(text, "repaired");
+    const struct
+    {
+        QString text;
+        const char* repaired;
+        bool good;
+    } rows[] = {{"12", "12.00", true},        {"12,5", "12.50", true},
+                {"12.345", "12.34", true},    {"0.999", "0.99", true},
+                {"-3.5", "-3.50", true},      {"1.2.3", "1.20", true},
+                {"+5", "+5.00", true},        {"007", "007.00", true},
+                {".5", "0.50", false},        {"abc", "0.00", false},
+                {"12.x", "12.0", false},      {"1e3", "0.00", false},
+                {"", "0.00", false},          {"-2147483648.9", "-2147483648.90", true},
+                {"2147483648", "0.00", false}};
+    for (const auto& row : rows) {
+        QString text = row.text;
+        QCOMPARE(repair_number(text), row.good);
+        QCOMPARE(text, QString(row.repaired));
+    }
 }
 
-// RA_EXHAUSTIVE=1 takes texts of one character more.
+// RA_EXHAUSTIVE=1 takes texts of two characters more.
 void TestReferencePointFile::repairs_every_short_text()
 {
-    const std::string alphabet = "05-+., x";
     const int longest = qEnvironmentVariableIsSet("RA_EXHAUSTIVE") ? 7 : 5;
     const long count = 1L << (3 * longest); // eight letters
     for (long code = 0; code < count; ++code) {
-        std::string expected;
+        QByteArray expected;
         for (long rest = code; rest > 0; rest >>= 3)
-            expected += alphabet[rest & 7];
-        QString text = QString::fromStdString(expected);
+            expected += "05-+., x"[rest & 7];
+        QString text = expected;
         const bool good = repair_literally(expected);
-        if (repair_number(text) != good || text.toStdString() != expected)
-            QFAIL(expected.c_str());
+        if (repair_number(text) != good || text != expected)
+            QFAIL(expected.constData());
     }
 }
 
