@@ -114,12 +114,8 @@ private slots:
 
     void lines_leave_records()
     {
-        const struct
-        {
-            const char* lines;   // separated by |
-            const char* results; // one y or n a line
-            const char* records;
-        } rows[] = {
+        // Lines separated by |, one y or n a line, what is left.
+        const char* const rows[][3] = {
             {"6d 1 [0 1]@|hello 1|6d", "yyy", "body 0/1"},
             {"6d 1 [3 0.9]@", "y", "body 0/-1 1/-1 2/-1 3/0.9"},
             {"6d 2 [0 1]@[1 1]@|6d 0", "yy", "body 0/-1 1/-1"},
@@ -155,9 +151,9 @@ private slots:
         for (const auto& row : rows) {
             OpenParser parser;
             QByteArray read;
-            for (const QByteArray& line : QByteArray(row.lines).split('|'))
+            for (const QByteArray& line : QByteArray(row[0]).split('|'))
                 read += parse(parser, line) ? 'y' : 'n';
-            QVERIFY2(read == row.results && parser.describe() == row.records, row.lines);
+            QVERIFY2(read == row[1] && parser.describe() == row[2], row[0]);
         }
     }
 
@@ -227,25 +223,20 @@ private slots:
 
     void fixed_buttons_act_as_joystick_too()
     {
-        const struct
-        {
-            const char* line;
-            const char* buttons;
-            double joystick[2];
-        } rows[] = {
-            {"6df 1 [0 1 33]@", "1000010000000000", {-1.0, 0.0}},
-            {"6df 1 [0 1 160]@", "0000010100000000", {-1.0, 0.0}},
-            {"6df 1 [0 1 0x40]@", "0000001000000000", {0.0, 1.0}},
-            {"6df 1 [0 1 0x80]@", "0000000100000000", {1.0, 0.0}},
-            {"6df 1 [0 1 -1]@", "1111111100000000", {-1.0, -1.0}},
-        };
+        // Line, buttons, both joystick values.
+        const char* const rows[][3] = {{"6df 1 [0 1 33]@", "1000010000000000", "-1 0"},
+                                       {"6df 1 [0 1 160]@", "0000010100000000", "-1 0"},
+                                       {"6df 1 [0 1 0x40]@", "0000001000000000", "0 1"},
+                                       {"6df 1 [0 1 0x80]@", "0000000100000000", "1 0"},
+                                       {"6df 1 [0 1 -1]@", "1111111100000000", "-1 -1"}};
         for (const auto& row : rows) {
             ZetrakParser parser;
-            QVERIFY(parse(parser, row.line));
+            QVERIFY(parse(parser, row[0]));
             const Zetrak_WandStick_Type_d& stick = *parser.getWandStick(0);
-            QCOMPARE(buttons(stick.button), QString(row.buttons));
-            QVERIFY2(stick.num_button == 8 && stick.num_joystick == 2, row.line);
-            QVERIFY2(std::equal(row.joystick, row.joystick + 2, stick.joystick), row.line);
+            QCOMPARE(buttons(stick.button), QString(row[1]));
+            QVERIFY2(stick.num_button == 8 && stick.num_joystick == 2, row[0]);
+            QCOMPARE(QString("%1 %2").arg(stick.joystick[0]).arg(stick.joystick[1]),
+                     QString(row[2]));
         }
     }
 
