@@ -214,108 +214,104 @@ class TestOrderSearch : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void outcome_equals_trying_all_orders_data();
-    void outcome_equals_trying_all_orders();
-    void wrong_tie_rules_would_be_noticed();
-    void many_points_are_paired();
-    void hopeless_lists_are_answered_at_once();
-    void equal_measured_points_keep_their_sequence();
-};
-
-void TestOrderSearch::outcome_equals_trying_all_orders_data()
-{
-    QTest::addColumn<int>("kind");
-    for (int kind = 0; kind < int(std::size(kinds)); ++kind)
-        QTest::newRow(kinds[kind].name) << kind;
-}
-
-void TestOrderSearch::outcome_equals_trying_all_orders()
-{
-    QFETCH(int, kind);
-    for (int n = smallest_count; n <= largest_count; ++n)
-        for (int repeat = 0; repeat < repeats(n); ++repeat) {
-            Lists lists = make_lists(kinds[kind], n, repeat);
-            QVERIFY2(same_outcome(lists, single_precision),
-                     qPrintable(QString("n = %1, repeat = %2").arg(n).arg(repeat)));
-        }
-}
-
-void TestOrderSearch::wrong_tie_rules_would_be_noticed()
-{
-    for (TieRule rule : {double_precision, last_of_equals}) {
-        int noticed = 0;
-        for (const Kind& kind : kinds)
-            for (int n = smallest_count; n < largest_count; ++n)
-                for (int repeat = 0; repeat < 12; ++repeat) {
-                    Lists lists = make_lists(kind, n, repeat);
-                    noticed += !same_outcome(lists, rule);
-                }
-        qInfo("noticed in %d cases", noticed);
-        QVERIFY(noticed > 0);
+    void outcome_equals_trying_all_orders_data()
+    {
+        QTest::addColumn<int>("kind");
+        for (int kind = 0; kind < int(std::size(kinds)); ++kind)
+            QTest::newRow(kinds[kind].name) << kind;
     }
-}
 
-void TestOrderSearch::many_points_are_paired()
-{
-    for (int n : {8, 12, 20, 35, 50})
-        for (double noise : {0.0, 1.0, 10.0}) {
-            Lists lists(n, unsigned(n));
-            lists.scatter(meter);
-            lists.measure(noise, meter);
-            int order[trafo3d_max_points];
-            QVERIFY(find_best_order(lists.reference, lists.measured, n, order));
-            // Distances between points survive a motion, so they tell whether the order is right.
-            const auto distance = [](const double* a, const double* b) {
-                return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
-            };
-            for (int i = 1; i < n; ++i)
-                QVERIFY(std::fabs(distance(lists.reference[i], lists.reference[0])
+    void outcome_equals_trying_all_orders()
+    {
+        QFETCH(int, kind);
+        for (int n = smallest_count; n <= largest_count; ++n)
+            for (int repeat = 0; repeat < repeats(n); ++repeat) {
+                Lists lists = make_lists(kinds[kind], n, repeat);
+                QVERIFY2(same_outcome(lists, single_precision),
+                         qPrintable(QString("n = %1, repeat = %2").arg(n).arg(repeat)));
+            }
+    }
+
+    void wrong_tie_rules_would_be_noticed()
+    {
+        for (TieRule rule : {double_precision, last_of_equals}) {
+            int noticed = 0;
+            for (const Kind& kind : kinds)
+                for (int n = smallest_count; n < largest_count; ++n)
+                    for (int repeat = 0; repeat < 12; ++repeat) {
+                        Lists lists = make_lists(kind, n, repeat);
+                        noticed += !same_outcome(lists, rule);
+                    }
+            qInfo("noticed in %d cases", noticed);
+            QVERIFY(noticed > 0);
+        }
+    }
+
+    void many_points_are_paired()
+    {
+        for (int n : {8, 12, 20, 35, 50})
+            for (double noise : {0.0, 1.0, 10.0}) {
+                Lists lists(n, unsigned(n));
+                lists.scatter(meter);
+                lists.measure(noise, meter);
+                int order[trafo3d_max_points];
+                QVERIFY(find_best_order(lists.reference, lists.measured, n, order));
+                // Distances between points survive a motion, so they tell whether the order is
+                // right.
+                const auto distance = [](const double* a, const double* b) {
+                    return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
+                };
+                for (int i = 1; i < n; ++i)
+                    QVERIFY(
+                        std::fabs(distance(lists.reference[i], lists.reference[0])
                                   - distance(lists.measured[order[i]], lists.measured[order[0]]))
                         <= 8.0 * noise + 1e-9);
-        }
-}
-
-void TestOrderSearch::hopeless_lists_are_answered_at_once()
-{
-    static double reference[trafo3d_max_points + 1][3];
-    static double measured[trafo3d_max_points + 1][3];
-    enum Shape
-    {
-        equal,
-        on_axis,
-        measured_on_axis,
-        sound
-    };
-    const std::pair<int, Shape> rows[] = {{2, sound},    {51, sound},   {20, equal},
-                                          {20, on_axis}, {50, on_axis}, {20, measured_on_axis}};
-    for (const auto& [n, shape] : rows) {
-        for (int i = 0; i < n; ++i)
-            for (int c = 0; c < 3; ++c) {
-                measured[i][c] = shape == sound ? (i * (c + 7)) % 13 : shape && c == 0 ? i : 0;
-                reference[i][c] = shape >= measured_on_axis ? (i * (c + 5)) % 11 : measured[i][c];
             }
-        int order[trafo3d_max_points + 1] = {-7};
-        QElapsedTimer timer;
-        timer.start();
-        QVERIFY(!find_best_order(reference, measured, n, order));
-        QCOMPARE(order[0], -7);
-        QVERIFY2(timer.elapsed() < 500, "took half a second");
     }
-}
 
-void TestOrderSearch::equal_measured_points_keep_their_sequence()
-{
-    // Ten of twenty points are one point measured again and again: 10! orders are the same.
-    Lists lists(20, 5);
-    lists.scatter(meter);
-    lists.copy();
-    for (int j = 10; j < 20; ++j)
-        std::memcpy(lists.measured[j], lists.measured[0], sizeof(double[3]));
-    int order[trafo3d_max_points];
-    QVERIFY(find_best_order(lists.reference, lists.measured, lists.n, order));
-    int* const end = std::remove_if(order, order + 20, [](int j) { return j != 0 && j < 10; });
-    QVERIFY(std::is_sorted(order, end) || std::is_sorted(order, end, std::greater<int>()));
-}
+    void hopeless_lists_are_answered_at_once()
+    {
+        static double reference[trafo3d_max_points + 1][3];
+        static double measured[trafo3d_max_points + 1][3];
+        enum Shape
+        {
+            equal,
+            on_axis,
+            measured_on_axis,
+            sound
+        };
+        const std::pair<int, Shape> rows[] = {{2, sound},    {51, sound},   {20, equal},
+                                              {20, on_axis}, {50, on_axis}, {20, measured_on_axis}};
+        for (const auto& [n, shape] : rows) {
+            for (int i = 0; i < n; ++i)
+                for (int c = 0; c < 3; ++c) {
+                    measured[i][c] = shape == sound ? (i * (c + 7)) % 13 : shape && c == 0 ? i : 0;
+                    reference[i][c] =
+                        shape >= measured_on_axis ? (i * (c + 5)) % 11 : measured[i][c];
+                }
+            int order[trafo3d_max_points + 1] = {-7};
+            QElapsedTimer timer;
+            timer.start();
+            QVERIFY(!find_best_order(reference, measured, n, order));
+            QCOMPARE(order[0], -7);
+            QVERIFY2(timer.elapsed() < 500, "took half a second");
+        }
+    }
+
+    void equal_measured_points_keep_their_sequence()
+    {
+        // Ten of twenty points are one point measured again and again: 10! orders are the same.
+        Lists lists(20, 5);
+        lists.scatter(meter);
+        lists.copy();
+        for (int j = 10; j < 20; ++j)
+            std::memcpy(lists.measured[j], lists.measured[0], sizeof(double[3]));
+        int order[trafo3d_max_points];
+        QVERIFY(find_best_order(lists.reference, lists.measured, lists.n, order));
+        int* const end = std::remove_if(order, order + 20, [](int j) { return j != 0 && j < 10; });
+        QVERIFY(std::is_sorted(order, end) || std::is_sorted(order, end, std::greater<int>()));
+    }
+};
 
 QTEST_APPLESS_MAIN(TestOrderSearch)
 #include "test_ordersearch.moc"

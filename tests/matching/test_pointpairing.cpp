@@ -56,71 +56,67 @@ class TestPointPairing : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void status_and_code();
-    void shuffled_points_are_put_in_order();
-    void preserved_order_is_kept_though_it_fits_badly();
-};
-
-void TestPointPairing::status_and_code()
-{
-    const struct
+    void status_and_code()
     {
-        int counts[2];
-        bool flat, preserve_order;
-        PairingStatus status;
-        int code;
-    } rows[] = {
-        {{0, 0}, false, false, pairing_not_enough_points, 0},
-        {{2, 5}, false, true, pairing_not_enough_points, 0},
-        {{4, 3}, false, false, pairing_counts_differ, 0},
-        {{3, 3}, false, false, pairing_ok, 0},
-        {{5, 5}, true, true, pairing_start_failed, -1},
-        {{5, 5}, true, false, pairing_no_valid_order, 0},
-        {{50, 50}, false, true, pairing_ok, 0},
-        {{51, 51}, false, true, pairing_optimizing_failed, -1},
-        {{51, 51}, false, false, pairing_no_valid_order, 0},
-        {{51, 51}, true, true, pairing_start_failed, -1},
-    };
-    for (const auto& row : rows) {
-        Point reference[60];
-        Point measured[60];
-        make_helix(reference, row.counts[0], row.flat);
-        make_helix(measured, row.counts[1], row.flat);
-        PairingResult result;
-        evaluate_pairing(reference, row.counts[0], measured, row.counts[1], row.preserve_order,
-                         &result);
-        QCOMPARE(int(result.status), int(row.status));
-        QCOMPARE(result.code, row.code);
-    }
-}
-
-void TestPointPairing::shuffled_points_are_put_in_order()
-{
-    for (int n : {3, 4, 7, 15, 50})
-        for (double noise : {0.0, 2.0}) {
-            PairingLists lists(n, unsigned(n));
-            lists.scatter(meter);
-            lists.measure(noise, meter);
+        const struct
+        {
+            int counts[2];
+            bool flat, preserve_order;
+            PairingStatus status;
+            int code;
+        } rows[] = {
+            {{0, 0}, false, false, pairing_not_enough_points, 0},
+            {{2, 5}, false, true, pairing_not_enough_points, 0},
+            {{4, 3}, false, false, pairing_counts_differ, 0},
+            {{3, 3}, false, false, pairing_ok, 0},
+            {{5, 5}, true, true, pairing_start_failed, -1},
+            {{5, 5}, true, false, pairing_no_valid_order, 0},
+            {{50, 50}, false, true, pairing_ok, 0},
+            {{51, 51}, false, true, pairing_optimizing_failed, -1},
+            {{51, 51}, false, false, pairing_no_valid_order, 0},
+            {{51, 51}, true, true, pairing_start_failed, -1},
+        };
+        for (const auto& row : rows) {
+            Point reference[60];
+            Point measured[60];
+            make_helix(reference, row.counts[0], row.flat);
+            make_helix(measured, row.counts[1], row.flat);
             PairingResult result;
-            evaluate_pairing(lists.reference, n, lists.measured, n, false, &result);
-            verify_consistent(lists, result);
-            QVERIFY(result.residual <= 3.0 * noise + 1e-9);
+            evaluate_pairing(reference, row.counts[0], measured, row.counts[1], row.preserve_order,
+                             &result);
+            QCOMPARE(int(result.status), int(row.status));
+            QCOMPARE(result.code, row.code);
         }
-}
+    }
 
-void TestPointPairing::preserved_order_is_kept_though_it_fits_badly()
-{
-    PairingLists lists(3, 7);
-    lists.scatter(meter);
-    for (int i = 0; i < 3; ++i)
-        std::memcpy(lists.measured[i], lists.reference[(i + 1) % 3], sizeof(Point));
-    PairingResult kept;
-    evaluate_pairing(lists.reference, 3, lists.measured, 3, true, &kept);
-    verify_consistent(lists, kept);
-    for (int i = 0; i < 3; ++i)
-        QCOMPARE(kept.order[i], i);
-    QVERIFY(kept.residual > 10.0);
-}
+    void shuffled_points_are_put_in_order()
+    {
+        for (int n : {3, 4, 7, 15, 50})
+            for (double noise : {0.0, 2.0}) {
+                PairingLists lists(n, unsigned(n));
+                lists.scatter(meter);
+                lists.measure(noise, meter);
+                PairingResult result;
+                evaluate_pairing(lists.reference, n, lists.measured, n, false, &result);
+                verify_consistent(lists, result);
+                QVERIFY(result.residual <= 3.0 * noise + 1e-9);
+            }
+    }
+
+    void preserved_order_is_kept_though_it_fits_badly()
+    {
+        PairingLists lists(3, 7);
+        lists.scatter(meter);
+        for (int i = 0; i < 3; ++i)
+            std::memcpy(lists.measured[i], lists.reference[(i + 1) % 3], sizeof(Point));
+        PairingResult kept;
+        evaluate_pairing(lists.reference, 3, lists.measured, 3, true, &kept);
+        verify_consistent(lists, kept);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(kept.order[i], i);
+        QVERIFY(kept.residual > 10.0);
+    }
+};
 
 QTEST_APPLESS_MAIN(TestPointPairing)
 #include "test_pointpairing.moc"

@@ -67,240 +67,9 @@ Points moved(Trafo& trafo, Points& source)
     return out;
 }
 
-} // namespace
-
-class TestTrafo3d : public QObject
+/// The fast fit gives what the plain one gives, bit by bit.
+void compare_fits(double size, double noise, double odd)
 {
-    Q_OBJECT
-
-private slots:
-    void initTestCase() { install_fatal_logger(); }
-
-    void least_squares_agree_with_eigen();
-    void least_squares_codes();
-    void triple_gives_back_a_motion();
-    void degenerate_triples_are_refused();
-    void mirror_images_get_a_proper_rotation();
-    void rigid_fit_agrees_with_eigen();
-    void scale_fit_divides_the_translation();
-    void fit_codes_leave_everything_alone();
-    void fast_fit_equals_plain_fit_bit_by_bit_data();
-    void fast_fit_equals_plain_fit_bit_by_bit();
-};
-
-void TestTrafo3d::least_squares_agree_with_eigen()
-{
-    Source source{std::mt19937(1)};
-    for (int n = 1; n <= 10; ++n)
-        for (int m = n; m < n + 20; ++m) {
-            const auto number = [&] { return source.uniform(-1, 1); };
-            using RowMajor = Eigen::Matrix<double, -1, -1, Eigen::RowMajor>;
-            RowMajor A = RowMajor::NullaryExpr(m, n, number);
-            Eigen::VectorXd b = Eigen::VectorXd::NullaryExpr(m, number);
-            const Eigen::VectorXd expected = A.householderQr().solve(b);
-            const double expected_residual = (A * expected - b).norm();
-            Eigen::VectorXd x(n);
-            double residual = -1.0;
-            QCOMPARE(linear_lsq_solve(x.data(), b.data(), A.data(), m, n, &residual), 0);
-            const double scale = 1.0 + expected.norm();
-            QVERIFY((x - expected).norm() < 1e-10 * scale * scale);
-            QVERIFY(std::fabs(residual - expected_residual) < 1e-10 * scale);
-            QVERIFY(m > n || residual == 0.0);
-        }
-}
-
-void TestTrafo3d::least_squares_codes()
-{
-    using Values = QVector<double>;
-    const struct
-    {
-        Values A;
-        int m, n, code;
-        double first; // x[0] on success
-    } rows[] = {
-        {Values(12 * 11, 1.0), 12, 11, -1, 0.0}, // untouched
-        {{1, 0, 2, 0, 3, 0}, 3, 2, -2, 0.0},
-        {{0, 1, 0, 1, 0, 1}, 3, 2, -2, 0.0},
-        {{1, 2, 3, 4, 5, 7}, 2, 3, -2, 0.0},
-        {{1, 1, 1, 1 + 1e-9}, 2, 2, 0, 1.0}, // nearly dependent passes
-        {{-2}, 1, 1, 0, -0.5},
-        {{0, 2}, 2, 1, 0, 0.5},
-    };
-    for (const auto& row : rows) {
-        Values A = row.A, b(row.m, 1.0), x(row.n, 7.0);
-        double residual = 7.0;
-        QCOMPARE(linear_lsq_solve(x.data(), b.data(), A.data(), row.m, row.n, &residual), row.code);
-        QVERIFY(row.code ? x == Values(row.n, 7.0) && residual == 7.0
-                         : std::fabs(x[0] - row.first) < 1e-6);
-        QVERIFY(row.code != -1 || (A == row.A && b == Values(row.m, 1.0)));
-    }
-}
-
-void TestTrafo3d::triple_gives_back_a_motion()
-{
-    Source source{std::mt19937(2)};
-    for (double scale : {1.0, 3.0}) // must not matter
-        for (int repeat = 0; repeat < 200; ++repeat) {
-            Points measured = source.points(4, 500.0);
-            const Eigen::Isometry3d motion = source.motion(3000.0);
-            Points reference = motion * Points(scale * measured);
-            reference.col(3).setConstant(not_a_number);
-            Trafo T;
-            QCOMPARE(trafo3d_3trafo(rows(T), rows(reference), rows(measured)), 0);
-            const Points off = moved(T, measured) - reference;
-            QVERIFY(off.leftCols(scale == 1.0 ? 3 : 1).norm() < 1e-7);
-            QVERIFY((T.topLeftCorner<3, 3>() - motion.linear()).norm() < 1e-9);
-            QVERIFY(T.row(3) == Eigen::RowVector4d(0, 0, 0, 1));
-        }
-}
-
-void TestTrafo3d::degenerate_triples_are_refused()
-{
-    Source source{std::mt19937(3)};
-    Points sound = source.points(3, 1.0);
-    const struct
-    {
-        double triple[9];
-        int code;
-    } cases[] = {
-        {{1, 2, 3, 1, 2, 3, 4, 5, 7}, -1},
-        {{1, 2, 3, 4, 5, 7, 1, 2, 3}, -1},
-        {{0, 0, 0, 1, 2, 3, 2, 4, 6}, -1},
-        {{0, 0, 0, 1, 2, 3, 2, 4, 6 + 1e-15}, 0}, // collinear but for rounding
-        {{0, 0, 0, 1, not_a_number, 3, 2, 4, 6}, 0},
-    };
-    for (const auto& row : cases)
-        for (bool odd_is_target : {true, false}) {
-            Points odd = Eigen::Map<const Points>(row.triple, 3, 3);
-            Trafo T = Trafo::Constant(7.0);
-            QCOMPARE(trafo3d_3trafo(rows(T), rows(odd_is_target ? odd : sound),
-                                    rows(odd_is_target ? sound : odd)),
-                     row.code);
-            QCOMPARE(T == Trafo::Constant(7.0), row.code != 0);
-        }
-}
-
-void TestTrafo3d::mirror_images_get_a_proper_rotation()
-{
-    Source source{std::mt19937(5)};
-    Points measured = source.points(4, 500.0);
-    Points reference = measured;
-    reference.row(2) *= -1.0;
-    Trafo T;
-    QCOMPARE(trafo3d_3trafo(rows(T), rows(reference), rows(measured)), 0);
-    QVERIFY(std::fabs(T.topLeftCorner<3, 3>().determinant() - 1.0) < 1e-12);
-    double residual;
-    if (trafo3d_opttrafo(rows(T), nullptr, rows(reference), rows(measured), 4, &residual) == 0)
-        QVERIFY(std::fabs(T.topLeftCorner<3, 3>().determinant() - 1.0) < 1e-12 && residual > 1.0);
-}
-
-void TestTrafo3d::rigid_fit_agrees_with_eigen()
-{
-    Source source{std::mt19937(6)};
-    for (double noise : {0.0, 1.0, 20.0}) {
-        const double tolerance = noise == 0.0 ? 1e-9 : 0.001; // mm; the fit ends at such changes
-        int failures = 0; // from a small first triple ten steps may not suffice
-        for (int i = 0; i < 192; ++i) {
-            const int n = 3 + i / 4;
-            Points measured = source.points(n, 500.0);
-            Points reference = source.motion(3000.0) * measured + source.points(n, noise);
-            Trafo T;
-            double residual = -1.0;
-            QCOMPARE(trafo3d_3trafo(rows(T), rows(reference), rows(measured)), 0);
-            if (trafo3d_opttrafo(rows(T), nullptr, rows(reference), rows(measured), n, &residual)
-                != 0) {
-                ++failures;
-                continue;
-            }
-            Trafo closed_form = Eigen::umeyama(measured, reference, false);
-            const double least = root_mean_square(moved(closed_form, measured), reference);
-            QVERIFY(residual >= least - 1e-9 && residual < least + tolerance);
-            QVERIFY(std::fabs(root_mean_square(moved(T, measured), reference) - residual) < 1e-9);
-            const Eigen::Matrix3d R = T.topLeftCorner<3, 3>();
-            QVERIFY((R * R.transpose()).isIdentity(1e-10));
-        }
-        QVERIFY(failures < 10);
-    }
-}
-
-void TestTrafo3d::scale_fit_divides_the_translation()
-{
-    Source source{std::mt19937(7)};
-    for (double factor : {0.7, 1.0, 1.4}) {
-        Points measured = source.points(10, 500.0);
-        const Eigen::Isometry3d motion = source.motion(1000.0);
-        Points reference = factor * (motion * measured);
-        Trafo T;
-        double scale = -1.0;
-        double residual = -1.0;
-        trafo3d_3trafo(rows(T), rows(reference), rows(measured));
-        QCOMPARE(trafo3d_opttrafo(rows(T), &scale, rows(reference), rows(measured), 10, &residual),
-                 0);
-        QVERIFY(std::fabs(scale - factor) < 1e-6 && residual < 1e-2);
-        QVERIFY(std::fabs(T.row(0).head<3>().norm() - 1.0) < 1e-14);
-        QVERIFY((T.topRows<3>() - motion.matrix().topRows<3>()).norm() < 1e-2);
-    }
-}
-
-void TestTrafo3d::fit_codes_leave_everything_alone()
-{
-    enum
-    {
-        in_origin,
-        too_few,
-        no_number,
-        foreign,
-        too_many
-    };
-    const int codes[] = {-1, -1, -2, -3, -1};
-    for (int kind = in_origin; kind <= too_many; ++kind)
-        for (bool fit_scale : {false, true}) {
-            Source source{std::mt19937(8)};
-            Points reference = source.points(12, 500.0);
-            Points measured = source.points(12, 500.0);
-            Trafo start = Trafo::Identity();
-            if (kind == in_origin)
-                measured.setZero();
-            if (kind == no_number)
-                reference(1, 11) = not_a_number;
-            if (kind
-                == foreign) // a point's turn from the true place, it cannot settle in ten steps
-                trafo3d_3trafo(rows(start), rows(reference), rows(measured));
-            if (kind == foreign && fit_scale)
-                continue; // with a scale it may settle
-            const int n = kind == too_few ? 1 : kind == too_many ? trafo3d_max_points + 1 : 12;
-            const bool unread = kind == too_many;
-            Trafo T = start;
-            double scale = 7.0, residual = 7.0;
-            QCOMPARE(trafo3d_opttrafo(rows(T), fit_scale ? &scale : nullptr,
-                                      unread ? nullptr : rows(reference),
-                                      unread ? nullptr : rows(measured), n, &residual),
-                     codes[kind]);
-            QVERIFY(T == start && scale == 7.0 && residual == 7.0);
-        }
-}
-
-void TestTrafo3d::fast_fit_equals_plain_fit_bit_by_bit_data()
-{
-    QTest::addColumn<double>("size");
-    QTest::addColumn<double>("noise"); // relative to the size
-    QTest::addColumn<double>("odd");   // put into one coordinate unless 0
-    QTest::newRow("exact") << 500.0 << 0.0 << 0.0;
-    QTest::newRow("noise") << 500.0 << 0.02 << 0.0;
-    QTest::newRow("nothing in common") << 500.0 << 1.0 << 0.0;
-    QTest::newRow("tiny") << 1e-6 << 0.02 << 0.0;
-    QTest::newRow("huge") << 1e6 << 0.02 << 0.0;
-    QTest::newRow("near overflow") << 1e150 << 0.5 << 0.0;
-    QTest::newRow("near underflow") << 1e-155 << 0.5 << 0.0;
-    QTest::newRow("not a number") << 500.0 << 0.02 << not_a_number;
-    QTest::newRow("infinite") << 500.0 << 0.02 << endless;
-}
-
-void TestTrafo3d::fast_fit_equals_plain_fit_bit_by_bit()
-{
-    QFETCH(double, size);
-    QFETCH(double, noise);
-    QFETCH(double, odd);
     Source source{std::mt19937(9)};
     for (int n = 3; n <= trafo3d_max_points; ++n)
         for (int repeat = 0; repeat < 40; ++repeat) {
@@ -331,6 +100,225 @@ void TestTrafo3d::fast_fit_equals_plain_fit_bit_by_bit()
             QVERIFY(same_bits(&scale, &plain_scale, sizeof scale));
         }
 }
+
+} // namespace
+
+class TestTrafo3d : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { install_fatal_logger(); }
+
+    void least_squares_agree_with_eigen()
+    {
+        Source source{std::mt19937(1)};
+        for (int n = 1; n <= 10; ++n)
+            for (int m = n; m < n + 20; ++m) {
+                const auto number = [&] { return source.uniform(-1, 1); };
+                using RowMajor = Eigen::Matrix<double, -1, -1, Eigen::RowMajor>;
+                RowMajor A = RowMajor::NullaryExpr(m, n, number);
+                Eigen::VectorXd b = Eigen::VectorXd::NullaryExpr(m, number);
+                const Eigen::VectorXd expected = A.householderQr().solve(b);
+                const double expected_residual = (A * expected - b).norm();
+                Eigen::VectorXd x(n);
+                double residual = -1.0;
+                QCOMPARE(linear_lsq_solve(x.data(), b.data(), A.data(), m, n, &residual), 0);
+                const double scale = 1.0 + expected.norm();
+                QVERIFY((x - expected).norm() < 1e-10 * scale * scale);
+                QVERIFY(std::fabs(residual - expected_residual) < 1e-10 * scale);
+                QVERIFY(m > n || residual == 0.0);
+            }
+    }
+
+    void least_squares_codes()
+    {
+        using Values = QVector<double>;
+        const struct
+        {
+            Values A;
+            int m, n, code;
+            double first; // x[0] on success
+        } rows[] = {
+            {Values(12 * 11, 1.0), 12, 11, -1, 0.0}, // untouched
+            {{1, 0, 2, 0, 3, 0}, 3, 2, -2, 0.0},
+            {{0, 1, 0, 1, 0, 1}, 3, 2, -2, 0.0},
+            {{1, 2, 3, 4, 5, 7}, 2, 3, -2, 0.0},
+            {{1, 1, 1, 1 + 1e-9}, 2, 2, 0, 1.0}, // nearly dependent passes
+            {{-2}, 1, 1, 0, -0.5},
+            {{0, 2}, 2, 1, 0, 0.5},
+        };
+        for (const auto& row : rows) {
+            Values A = row.A, b(row.m, 1.0), x(row.n, 7.0);
+            double residual = 7.0;
+            QCOMPARE(linear_lsq_solve(x.data(), b.data(), A.data(), row.m, row.n, &residual),
+                     row.code);
+            QVERIFY(row.code ? x == Values(row.n, 7.0) && residual == 7.0
+                             : std::fabs(x[0] - row.first) < 1e-6);
+            QVERIFY(row.code != -1 || (A == row.A && b == Values(row.m, 1.0)));
+        }
+    }
+
+    void triple_gives_back_a_motion()
+    {
+        Source source{std::mt19937(2)};
+        for (double scale : {1.0, 3.0}) // must not matter
+            for (int repeat = 0; repeat < 200; ++repeat) {
+                Points measured = source.points(4, 500.0);
+                const Eigen::Isometry3d motion = source.motion(3000.0);
+                Points reference = motion * Points(scale * measured);
+                reference.col(3).setConstant(not_a_number);
+                Trafo T;
+                QCOMPARE(trafo3d_3trafo(rows(T), rows(reference), rows(measured)), 0);
+                const Points off = moved(T, measured) - reference;
+                QVERIFY(off.leftCols(scale == 1.0 ? 3 : 1).norm() < 1e-7);
+                QVERIFY((T.topLeftCorner<3, 3>() - motion.linear()).norm() < 1e-9);
+                QVERIFY(T.row(3) == Eigen::RowVector4d(0, 0, 0, 1));
+            }
+    }
+
+    void degenerate_triples_are_refused()
+    {
+        Source source{std::mt19937(3)};
+        Points sound = source.points(3, 1.0);
+        const struct
+        {
+            double triple[9];
+            int code;
+        } cases[] = {
+            {{1, 2, 3, 1, 2, 3, 4, 5, 7}, -1},
+            {{1, 2, 3, 4, 5, 7, 1, 2, 3}, -1},
+            {{0, 0, 0, 1, 2, 3, 2, 4, 6}, -1},
+            {{0, 0, 0, 1, 2, 3, 2, 4, 6 + 1e-15}, 0}, // collinear but for rounding
+            {{0, 0, 0, 1, not_a_number, 3, 2, 4, 6}, 0},
+        };
+        for (const auto& row : cases)
+            for (bool odd_is_target : {true, false}) {
+                Points odd = Eigen::Map<const Points>(row.triple, 3, 3);
+                Trafo T = Trafo::Constant(7.0);
+                QCOMPARE(trafo3d_3trafo(rows(T), rows(odd_is_target ? odd : sound),
+                                        rows(odd_is_target ? sound : odd)),
+                         row.code);
+                QCOMPARE(T == Trafo::Constant(7.0), row.code != 0);
+            }
+    }
+
+    void mirror_images_get_a_proper_rotation()
+    {
+        Source source{std::mt19937(5)};
+        Points measured = source.points(4, 500.0);
+        Points reference = measured;
+        reference.row(2) *= -1.0;
+        Trafo T;
+        QCOMPARE(trafo3d_3trafo(rows(T), rows(reference), rows(measured)), 0);
+        QVERIFY(std::fabs(T.topLeftCorner<3, 3>().determinant() - 1.0) < 1e-12);
+        double residual;
+        if (trafo3d_opttrafo(rows(T), nullptr, rows(reference), rows(measured), 4, &residual) == 0)
+            QVERIFY(std::fabs(T.topLeftCorner<3, 3>().determinant() - 1.0) < 1e-12
+                    && residual > 1.0);
+    }
+
+    void rigid_fit_agrees_with_eigen()
+    {
+        Source source{std::mt19937(6)};
+        for (double noise : {0.0, 1.0, 20.0}) {
+            const double tolerance =
+                noise == 0.0 ? 1e-9 : 0.001; // mm; the fit ends at such changes
+            int failures = 0;                // from a small first triple ten steps may not suffice
+            for (int i = 0; i < 192; ++i) {
+                const int n = 3 + i / 4;
+                Points measured = source.points(n, 500.0);
+                Points reference = source.motion(3000.0) * measured + source.points(n, noise);
+                Trafo T;
+                double residual = -1.0;
+                QCOMPARE(trafo3d_3trafo(rows(T), rows(reference), rows(measured)), 0);
+                if (trafo3d_opttrafo(rows(T), nullptr, rows(reference), rows(measured), n,
+                                     &residual)
+                    != 0) {
+                    ++failures;
+                    continue;
+                }
+                Trafo closed_form = Eigen::umeyama(measured, reference, false);
+                const double least = root_mean_square(moved(closed_form, measured), reference);
+                QVERIFY(residual >= least - 1e-9 && residual < least + tolerance);
+                QVERIFY(std::fabs(root_mean_square(moved(T, measured), reference) - residual)
+                        < 1e-9);
+                const Eigen::Matrix3d R = T.topLeftCorner<3, 3>();
+                QVERIFY((R * R.transpose()).isIdentity(1e-10));
+            }
+            QVERIFY(failures < 10);
+        }
+    }
+
+    void scale_fit_divides_the_translation()
+    {
+        Source source{std::mt19937(7)};
+        for (double factor : {0.7, 1.0, 1.4}) {
+            Points measured = source.points(10, 500.0);
+            const Eigen::Isometry3d motion = source.motion(1000.0);
+            Points reference = factor * (motion * measured);
+            Trafo T;
+            double scale = -1.0;
+            double residual = -1.0;
+            trafo3d_3trafo(rows(T), rows(reference), rows(measured));
+            QCOMPARE(
+                trafo3d_opttrafo(rows(T), &scale, rows(reference), rows(measured), 10, &residual),
+                0);
+            QVERIFY(std::fabs(scale - factor) < 1e-6 && residual < 1e-2);
+            QVERIFY(std::fabs(T.row(0).head<3>().norm() - 1.0) < 1e-14);
+            QVERIFY((T.topRows<3>() - motion.matrix().topRows<3>()).norm() < 1e-2);
+        }
+    }
+
+    void fit_codes_leave_everything_alone()
+    {
+        enum
+        {
+            in_origin,
+            too_few,
+            no_number,
+            foreign,
+            too_many
+        };
+        const int codes[] = {-1, -1, -2, -3, -1};
+        for (int kind = in_origin; kind <= too_many; ++kind)
+            for (bool fit_scale : {false, true}) {
+                Source source{std::mt19937(8)};
+                Points reference = source.points(12, 500.0);
+                Points measured = source.points(12, 500.0);
+                Trafo start = Trafo::Identity();
+                if (kind == in_origin)
+                    measured.setZero();
+                if (kind == no_number)
+                    reference(1, 11) = not_a_number;
+                if (kind
+                    == foreign) // a point's turn from the true place, it cannot settle in ten steps
+                    trafo3d_3trafo(rows(start), rows(reference), rows(measured));
+                if (kind == foreign && fit_scale)
+                    continue; // with a scale it may settle
+                const int n = kind == too_few ? 1 : kind == too_many ? trafo3d_max_points + 1 : 12;
+                const bool unread = kind == too_many;
+                Trafo T = start;
+                double scale = 7.0, residual = 7.0;
+                QCOMPARE(trafo3d_opttrafo(rows(T), fit_scale ? &scale : nullptr,
+                                          unread ? nullptr : rows(reference),
+                                          unread ? nullptr : rows(measured), n, &residual),
+                         codes[kind]);
+                QVERIFY(T == start && scale == 7.0 && residual == 7.0);
+            }
+    }
+
+    void fast_fit_equals_plain_fit_bit_by_bit()
+    {
+        // Size, noise relative to it, and what is put into one coordinate unless it is 0.
+        const double rows[][3] = {
+            {500, 0, 0},         {500, 0.02, 0},  {500, 1, 0},      {1e-6, 0.02, 0},
+            {1e6, 0.02, 0},      {1e150, 0.5, 0}, {1e-155, 0.5, 0}, {500, 0.02, not_a_number},
+            {500, 0.02, endless}};
+        for (const double(&row)[3] : rows)
+            compare_fits(row[0], row[1], row[2]);
+    }
+};
 
 QTEST_APPLESS_MAIN(TestTrafo3d)
 #include "test_trafo3d.moc"
