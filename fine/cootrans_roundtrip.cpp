@@ -4,6 +4,7 @@
 
 #include "SourceFiles/abcGLCanvas.h"
 #include "matching/abcmatchingdialog.h"
+#include "module/extratransformation.h"
 #include "module/roomadjustmentdata.h"
 #include "module/roomadjustmentdlg.h"
 #include "module/versiongates.h"
@@ -94,16 +95,14 @@ void CooTrans::restoreOldExtraTrafo()
         || !dialog)
         return;
     dialog->stop_tracking();
-    const double* r = old_rotation;
-    const double* t = old_translation;
-    if (io_manager->set_param_value(vocabulary::set_extra_rotation, r[0], r[1], r[2], r[3], r[4],
-                                    r[5], r[6], r[7], r[8])
-        != 0)
-        show_error(io_manager, vocabulary::cannot_restore_rotation);
-    if (io_manager->set_param_value(vocabulary::set_extra_translation, t[0], t[1], t[2]) != 0)
-        show_error(io_manager, vocabulary::cannot_restore_translation);
-    if (io_manager->set_param_value(vocabulary::set_extra_scaling, old_scaling) != 0)
-        show_error(io_manager, vocabulary::cannot_restore_scaling);
+    RoomAdjustmentData old;
+    std::copy(old_translation, old_translation + 3, old.translation);
+    std::copy(old_rotation, old_rotation + 9, old.rotation);
+    old.scaling = old_scaling;
+    const WriteMessages messages = {vocabulary::cannot_restore_rotation,
+                                    vocabulary::cannot_restore_translation,
+                                    vocabulary::cannot_restore_scaling};
+    write_extra_transformation(io_manager, old, messages);
     dialog->start_tracking();
 }
 

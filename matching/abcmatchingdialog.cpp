@@ -100,13 +100,19 @@ bool AbcMatchingDialog::isMeaToolAvailable()
         return false;
     }
     meatool_count = count;
-    for (int tool = 1; tool <= count; ++tool) {
-        bool calibrated = false;
-        if (io_manager->get_param_bool(&calibrated, vocabulary::tip_calibrated, tool) != 0)
-            show_error(io_manager, vocabulary::cannot_get_tip_calibration);
-        else if (calibrated)
+    for (int tool = 1; tool <= count; ++tool)
+        if (isTipCalibrated(tool))
             return true;
-    }
+    return false;
+}
+
+/// A failed query has its message and counts as no.
+bool AbcMatchingDialog::isTipCalibrated(int tool)
+{
+    bool calibrated = false;
+    if (io_manager->get_param_bool(&calibrated, vocabulary::tip_calibrated, tool) == 0)
+        return calibrated;
+    show_error(io_manager, vocabulary::cannot_get_tip_calibration);
     return false;
 }
 
@@ -118,7 +124,8 @@ void AbcMatchingDialog::update_comboBox_meatool()
     if (!meatool_available)
         return;
     for (int tool = 1; tool <= meatool_count; ++tool)
-        addCalibratedTool(tool);
+        if (isTipCalibrated(tool))
+            ui.comboBox_meatool->addItem(QString::fromLatin1("M%1").arg(tool), tool);
     const int items = ui.comboBox_meatool->count();
     if (items == 0)
         return;
@@ -126,15 +133,6 @@ void AbcMatchingDialog::update_comboBox_meatool()
         meatool_combo_index >= 0 && meatool_combo_index < items ? meatool_combo_index : 0;
     ui.comboBox_meatool->setCurrentIndex(index);
     meatool_id = ui.comboBox_meatool->itemData(index).toInt();
-}
-
-void AbcMatchingDialog::addCalibratedTool(int tool)
-{
-    bool calibrated = false;
-    if (io_manager->get_param_bool(&calibrated, vocabulary::tip_calibrated, tool) != 0)
-        show_error(io_manager, vocabulary::cannot_get_tip_calibration);
-    else if (calibrated)
-        ui.comboBox_meatool->addItem(QString::fromLatin1("M%1").arg(tool), tool);
 }
 
 void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)

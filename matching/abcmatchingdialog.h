@@ -135,7 +135,7 @@ private:
     bool isMeaToolAvailable();
     void showAvailability();
     void update_comboBox_meatool();
-    void addCalibratedTool(int tool);
+    bool isTipCalibrated(int tool);
 
     // Tables and what may be pressed.
     void setup_tableWidget_referencePoints();

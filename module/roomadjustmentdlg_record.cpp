@@ -1,13 +1,12 @@
 // The dialog's two records and their exchange with the controller.
 #include "module/roomadjustmentdlg.h"
 
+#include "module/extratransformation.h"
 #include "module/replytext.h"
 #include "module/versiongates.h"
 #include "module/vocabulary.h"
 
 #include <algorithm>
-
-using vocabulary::show_error;
 
 namespace
 {
@@ -51,16 +50,10 @@ void RoomAdjustmentDlg2g::sendDataToZtc()
 {
     if (!passes(*backend_versions, version_gate::extra_transformation))
         return;
-    const double* r = ra_data.rotation;
-    const double* t = ra_data.translation;
-    if (io_manager->set_param_value(vocabulary::set_extra_rotation, r[0], r[1], r[2], r[3], r[4],
-                                    r[5], r[6], r[7], r[8])
-        != 0)
-        show_error(io_manager, vocabulary::cannot_set_adjustment_rotation);
-    if (io_manager->set_param_value(vocabulary::set_extra_translation, t[0], t[1], t[2]) != 0)
-        show_error(io_manager, vocabulary::cannot_set_adjustment_translation);
-    if (io_manager->set_param_value(vocabulary::set_extra_scaling, ra_data.scaling) != 0)
-        show_error(io_manager, vocabulary::cannot_set_adjustment_scaling);
+    const WriteMessages messages = {vocabulary::cannot_set_adjustment_rotation,
+                                    vocabulary::cannot_set_adjustment_translation,
+                                    vocabulary::cannot_set_adjustment_scaling};
+    write_extra_transformation(io_manager, ra_data, messages);
 }
 
 bool RoomAdjustmentDlg2g::raDataChanged()

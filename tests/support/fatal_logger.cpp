@@ -22,8 +22,8 @@ QtMessageHandler previous_handler = nullptr;
 const char* const platform_noise[] = {
     "XDG_RUNTIME_DIR",
     "propagateSizeHints",
-    // A dialog that closed again before the server had mapped it.
-    "SetInputFocus",
+    // Between a window that comes or goes and a server that other programs use as well.
+    "QXcbConnection: XCB error",
     "setNetWmStateOnUnmappedWindow",
 };
 
