@@ -2,7 +2,7 @@
 
 #include "SourceFiles/glUtils.h"
 #include "SourceFiles/labelfont.h"
-#include "module/roomadjustmentdata.h"
+#include "controller/roomadjustmentdata.h"
 
 #include <QGLWidget>
 

@@ -1,6 +1,6 @@
 // Repaint time of the 3D view, as each turn of a spin box causes it.
 #include "SourceFiles/abcGLCanvas.h"
-#include "module/roomadjustmentdata.h"
+#include "controller/roomadjustmentdata.h"
 
 #include <QApplication>
 

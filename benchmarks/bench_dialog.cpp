@@ -1,12 +1,12 @@
 // What a person waits for: the dialog's opening with 16 cameras on a local simulator, split into
 // the controller's answers and our own work; a turn of a spin box; a data line up to its signals.
+#include "contract/backendversions.h"
 #include "fine/cootrans.h"
 #include "host/controllerlink.h"
 #include "host/controllerprocess.h"
 #include "host/gateway.h"
 #include "host/subscriptions.h"
 #include "matching/abcmatchingdialog.h"
-#include "module/backendversions.h"
 #include "module/roomadjustmentdlg.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 // Time of the order search, worst of 15 random cases each, and its ratio to trying all orders.
-#include "matching/ordersearch.h"
+#include "pairing/ordersearch.h"
 
 #include "tests/support/pairinglists.h"
 #include "tests/support/plain_trafo3d.h"

@@ -1,11 +1,11 @@
 #include "coarse/coarseadjustment.h"
 
 #include "coarse/renderarea.h"
-#include "module/iomanager.h"
+#include "contract/iomanager.h"
+#include "controller/versiongates.h"
+#include "controller/vocabulary.h"
 #include "module/roomadjustmentdlg.h"
-#include "module/versiongates.h"
-#include "module/vocabulary.h"
-#include "widgets/headersections.h"
+#include "platform/headersections.h"
 
 #include <QStandardItemModel>
 

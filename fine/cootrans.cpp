@@ -1,11 +1,11 @@
 #include "fine/cootrans.h"
 
 #include "SourceFiles/abcGLCanvas.h"
+#include "controller/roomadjustmentdata.h"
+#include "controller/vocabulary.h"
 #include "matching/abcmatchingdialog.h"
 #include "matching/helpdialog.h"
-#include "module/roomadjustmentdata.h"
 #include "module/roomadjustmentdlg.h"
-#include "module/vocabulary.h"
 
 #include <algorithm>
 #include <cmath>

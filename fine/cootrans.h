@@ -2,7 +2,7 @@
 #ifndef FINE_COOTRANS_H
 #define FINE_COOTRANS_H
 
-#include "fine/rotationangles.h"
+#include "controller/rotationangles.h"
 #include "ui_cootrans.h"
 
 #include <QPointer>

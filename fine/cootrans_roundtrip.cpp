@@ -3,12 +3,12 @@
 #include "fine/cootrans.h"
 
 #include "SourceFiles/abcGLCanvas.h"
+#include "controller/extratransformation.h"
+#include "controller/roomadjustmentdata.h"
+#include "controller/versiongates.h"
+#include "controller/vocabulary.h"
 #include "matching/abcmatchingdialog.h"
-#include "module/extratransformation.h"
-#include "module/roomadjustmentdata.h"
 #include "module/roomadjustmentdlg.h"
-#include "module/versiongates.h"
-#include "module/vocabulary.h"
 
 #include <QMessageBox>
 

@@ -2,8 +2,8 @@
 #include "fine/cootrans.h"
 
 #include "SourceFiles/abcGLCanvas.h"
+#include "controller/roomadjustmentdata.h"
 #include "matching/abcmatchingdialog.h"
-#include "module/roomadjustmentdata.h"
 
 #include <QAction>
 #include <QMenu>

@@ -2,7 +2,7 @@
 #ifndef HOST_GATEWAY_H
 #define HOST_GATEWAY_H
 
-#include "module/iomanager.h"
+#include "contract/iomanager.h"
 
 #include "host/controllerlink.h"
 

@@ -2,7 +2,7 @@
 #ifndef HOST_MAINWINDOW_H
 #define HOST_MAINWINDOW_H
 
-#include "module/moduleinterface.h"
+#include "contract/moduleinterface.h"
 
 #include "host/controllerlink.h"
 

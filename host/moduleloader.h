@@ -2,7 +2,7 @@
 #ifndef HOST_MODULELOADER_H
 #define HOST_MODULELOADER_H
 
-#include "module/moduleinterface.h"
+#include "contract/moduleinterface.h"
 
 #include <QPluginLoader>
 #include <QString>

@@ -2,7 +2,7 @@
 #ifndef HOST_SESSION_H
 #define HOST_SESSION_H
 
-#include "module/backendversions.h"
+#include "contract/backendversions.h"
 
 #include "host/controllerlink.h"
 #include "host/controllerprocess.h"

@@ -1,6 +1,6 @@
 #include "host/subscriptions.h"
 
-#include "module/requester.h"
+#include "contract/requester.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // The matching dialog's life: construction, opening with its tool list, closing, accessors.
 #include "matching/abcmatchingdialog.h"
 
+#include "controller/vocabulary.h"
 #include "matching/matchinghelp.h"
-#include "module/vocabulary.h"
 #include "tracking/zetrakparser.h"
 
 #include <QCloseEvent>

@@ -2,7 +2,7 @@
 #include "matching/abcmatchingdialog.h"
 
 #include "matching/pairingreport.h"
-#include "matching/pointpairing.h"
+#include "pairing/pointpairing.h"
 
 namespace
 {

@@ -4,7 +4,7 @@
 // widget. The slots run on the GUI thread.
 #include "matching/abcmatchingdialog.h"
 
-#include "module/vocabulary.h"
+#include "controller/vocabulary.h"
 #include "tracking/zetrakdatatypes.h"
 #include "tracking/zetrakparser.h"
 

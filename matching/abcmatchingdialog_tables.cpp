@@ -1,7 +1,7 @@
 // The matching dialog's two tables, and which buttons their content allows.
 #include "matching/abcmatchingdialog.h"
 
-#include "widgets/headersections.h"
+#include "platform/headersections.h"
 
 #include <QMessageBox>
 #include <QStringList>

@@ -2,7 +2,7 @@
 #ifndef MATCHING_PAIRINGREPORT_H
 #define MATCHING_PAIRINGREPORT_H
 
-#include "matching/pointpairing.h"
+#include "pairing/pointpairing.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "matching/referencepointfile.h"
 
-#include "tracking/numericlocale.h"
+#include "platform/numericlocale.h"
 
 #include <cmath>
 #include <cstddef>

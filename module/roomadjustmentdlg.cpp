@@ -1,9 +1,9 @@
 #include "module/roomadjustmentdlg.h"
 
 #include "coarse/coarseadjustment.h"
+#include "controller/versiongates.h"
+#include "controller/vocabulary.h"
 #include "fine/cootrans.h"
-#include "module/versiongates.h"
-#include "module/vocabulary.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>

@@ -2,8 +2,8 @@
 #ifndef MODULE_ROOMADJUSTMENTDLG_H
 #define MODULE_ROOMADJUSTMENTDLG_H
 
-#include "module/requester.h"
-#include "module/roomadjustmentdata.h"
+#include "contract/requester.h"
+#include "controller/roomadjustmentdata.h"
 #include "ui_roomadjustmentdlg.h"
 
 #include <QAtomicInt>

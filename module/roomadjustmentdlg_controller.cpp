@@ -1,9 +1,9 @@
 // What the dialog asks of the controller at opening and after each Apply.
 #include "module/roomadjustmentdlg.h"
 
-#include "module/replytext.h"
-#include "module/versiongates.h"
-#include "module/vocabulary.h"
+#include "controller/replytext.h"
+#include "controller/versiongates.h"
+#include "controller/vocabulary.h"
 
 #include <QStandardItemModel>
 

@@ -1,10 +1,10 @@
 // The dialog's two records and their exchange with the controller.
 #include "module/roomadjustmentdlg.h"
 
-#include "module/extratransformation.h"
-#include "module/replytext.h"
-#include "module/versiongates.h"
-#include "module/vocabulary.h"
+#include "controller/extratransformation.h"
+#include "controller/replytext.h"
+#include "controller/versiongates.h"
+#include "controller/vocabulary.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "module/roomadjustmentmodule.h"
 
-#include "module/backendversions.h"
-#include "module/iomanager.h"
+#include "contract/backendversions.h"
+#include "contract/iomanager.h"
 #include "module/roomadjustmentdlg.h"
 
 #include <QAction>

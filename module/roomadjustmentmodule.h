@@ -2,7 +2,7 @@
 #ifndef MODULE_ROOMADJUSTMENTMODULE_H
 #define MODULE_ROOMADJUSTMENTMODULE_H
 
-#include "module/moduleinterface.h"
+#include "contract/moduleinterface.h"
 
 #include <QPointer>
 #include <QWidget>

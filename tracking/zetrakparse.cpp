@@ -1,6 +1,6 @@
 #include "tracking/zetrakparse.h"
 
-#include "tracking/numericlocale.h"
+#include "platform/numericlocale.h"
 
 #include <cfloat>
 #include <cstdint>

@@ -1,5 +1,5 @@
 #include "SourceFiles/abcGLCanvas.h"
-#include "module/roomadjustmentdata.h"
+#include "controller/roomadjustmentdata.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QMenu>

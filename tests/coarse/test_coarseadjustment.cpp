@@ -1,5 +1,5 @@
 #include "coarse/coarseadjustment.h"
-#include "module/roomadjustmentdata.h"
+#include "controller/roomadjustmentdata.h"
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
 

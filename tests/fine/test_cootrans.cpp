@@ -1,7 +1,7 @@
 // The fine tab by itself: numbers, limits, guards, and the 3D view that follows them.
 #include "SourceFiles/abcGLCanvas.h"
+#include "controller/roomadjustmentdata.h"
 #include "fine/cootrans.h"
-#include "module/roomadjustmentdata.h"
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
 

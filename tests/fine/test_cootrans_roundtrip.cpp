@@ -1,7 +1,7 @@
 // To the matching dialog and back: the controller always ends with what it had.
+#include "controller/roomadjustmentdata.h"
 #include "fine/cootrans.h"
 #include "matching/abcmatchingdialog.h"
-#include "module/roomadjustmentdata.h"
 #include "module/roomadjustmentdlg.h"
 #include "tests/support/dialog_driver.h"
 #include "tests/support/fake_controller.h"

@@ -1,8 +1,8 @@
 // A module that writes down, through the host's messages, how the host treats it.
-#include "module/backendversions.h"
-#include "module/iomanager.h"
-#include "module/moduleinterface.h"
-#include "module/requester.h"
+#include "contract/backendversions.h"
+#include "contract/iomanager.h"
+#include "contract/moduleinterface.h"
+#include "contract/requester.h"
 
 #include <QAction>
 #include <QWidget>

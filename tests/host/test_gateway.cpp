@@ -1,7 +1,7 @@
 #include "host/gateway.h"
 #include "host/subscriptions.h"
 
-#include "module/requester.h"
+#include "contract/requester.h"
 
 #include "tests/host/scriptedcontroller.h"
 #include "tests/support/fatal_logger.h"

@@ -1,6 +1,6 @@
 // The shared library as a host sees it: loading, menu entry, modes, unloading.
-#include "module/moduleinterface.h"
-#include "module/requester.h"
+#include "contract/moduleinterface.h"
+#include "contract/requester.h"
 #include "tests/support/dialog_driver.h"
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"

@@ -2,7 +2,7 @@
 #ifndef TESTS_SIMULATOR_CONVERSATION_H
 #define TESTS_SIMULATOR_CONVERSATION_H
 
-#include "simulator/simulator.h"
+#include "simulator/model/simulator.h"
 
 #include <QtTest>
 

@@ -1,4 +1,4 @@
-#include "simulator/numbers.h"
+#include "simulator/model/numbers.h"
 #include "tests/simulator/conversation.h"
 #include "tests/support/fatal_logger.h"
 

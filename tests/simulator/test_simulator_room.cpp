@@ -1,5 +1,5 @@
-#include "simulator/geometry.h"
-#include "simulator/room.h"
+#include "simulator/model/geometry.h"
+#include "simulator/model/room.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QtTest>

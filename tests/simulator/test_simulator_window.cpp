@@ -1,8 +1,8 @@
-#include "simulator/labelplacer.h"
-#include "simulator/roomprojection.h"
-#include "simulator/roomview.h"
-#include "simulator/simulatorwindow.h"
-#include "simulator/statustexts.h"
+#include "simulator/window/labelplacer.h"
+#include "simulator/window/roomprojection.h"
+#include "simulator/window/roomview.h"
+#include "simulator/window/simulatorwindow.h"
+#include "simulator/window/statustexts.h"
 #include "tests/simulator/conversation.h"
 #include "tests/support/fatal_logger.h"
 

@@ -2,8 +2,8 @@
 #ifndef TESTS_SUPPORT_FAKE_CONTROLLER_H
 #define TESTS_SUPPORT_FAKE_CONTROLLER_H
 
-#include "module/backendversions.h"
-#include "module/iomanager.h"
+#include "contract/backendversions.h"
+#include "contract/iomanager.h"
 
 #include <map>
 #include <string>

@@ -1,0 +1,27 @@
+#include "controller/replytext.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <algorithm>
+#include <vector>
+
+double reply_number(const char* reply, int index, bool* ok)
+{
+    // QString::toDouble of Qt 4 tries the default locale first; QByteArray knows only the C locale.
+    const QString field = QString::fromLatin1(reply).section(QLatin1Char(' '), index, index);
+    return field.toLatin1().toDouble(ok);
+}
+
+bool reply_numbers(const char* reply, int count, double* values)
+{
+    std::vector<double> read(count);
+    for (int i = 0; i < count; ++i) {
+        bool ok = false;
+        read[i] = reply_number(reply, i, &ok);
+        if (!ok)
+            return false;
+    }
+    std::copy(read.begin(), read.end(), values);
+    return true;
+}

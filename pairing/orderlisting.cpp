@@ -1,0 +1,64 @@
+#include "pairing/orderlisting.h"
+
+#include "pairing/ordercontest.h"
+
+#include <algorithm>
+
+OrderListing::OrderListing(const Assignment& solved, const OrderContest& contest, int n_)
+    : m_solved(solved), m_contest(contest), n(n_), m_visitor(nullptr), m_steps_left(0)
+{
+}
+
+bool OrderListing::list(double slack, int most_steps, OrderVisitor* visitor)
+{
+    m_visitor = visitor;
+    m_steps_left = most_steps;
+    std::fill(m_taken, m_taken + n, false);
+    find_choices(slack);
+    return descend(0, slack);
+}
+
+void OrderListing::find_choices(double slack)
+{
+    for (int i = 0; i < n; ++i) {
+        m_choice_count[i] = 0;
+        for (int j = 0; j < n; ++j)
+            if (m_solved.regret(i, j) <= slack)
+                m_choices[i][m_choice_count[i]++] = j;
+        int at = i;
+        for (; at > 0 && m_choice_count[i] < m_choice_count[m_row[at - 1]]; --at)
+            m_row[at] = m_row[at - 1];
+        m_row[at] = i;
+    }
+}
+
+/// A column is taken only after its lower twins.
+bool OrderListing::is_open(int column) const
+{
+    const int twin = m_contest.twin(column);
+    return !m_taken[column] && (twin < 0 || m_taken[twin]);
+}
+
+bool OrderListing::descend(int level, double slack)
+{
+    if (level == n) {
+        m_visitor->visit_order(m_order);
+        return true;
+    }
+    const int i = m_row[level];
+    for (int c = 0; c < m_choice_count[i]; ++c) {
+        const int j = m_choices[i][c];
+        const double left = slack - m_solved.regret(i, j);
+        if (left < 0.0 || !is_open(j))
+            continue;
+        if (--m_steps_left < 0)
+            return false;
+        m_taken[j] = true;
+        m_order[i] = j;
+        const bool finished = descend(level + 1, left);
+        m_taken[j] = false;
+        if (!finished)
+            return false;
+    }
+    return true;
+}

@@ -1,0 +1,17 @@
+// Guesses the rotation between two point lists from two pairs of points.
+#ifndef PAIRING_PAIRGUESS_H
+#define PAIRING_PAIRGUESS_H
+
+#include "pairing/centeredpoints.h"
+
+enum
+{
+    pair_guesses = 18 ///< most rotations that guess_rotations gives
+};
+
+/// As the centroids belong together, two pairs give a rotation. Takes a few pairs of reference
+/// points far out, and for each the pairs of measured points that fit best.
+/// Returns the number of unit quaternions written.
+int guess_rotations(const CenteredPoints& points, double (*quaternions)[4]);
+
+#endif

@@ -1,0 +1,172 @@
+#include "pairing/rotationfit.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+/// Zeroes entry (p, q) of the symmetric A by a rotation, and turns the columns of V with it.
+void jacobi_step(double (*A)[4], double (*V)[4], int p, int q)
+{
+    if (A[p][q] == 0.0)
+        return;
+    const double theta = (A[q][q] - A[p][p]) / (2.0 * A[p][q]);
+    const double t =
+        (theta < 0.0 ? -1.0 : 1.0) / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
+    const double c = 1.0 / std::sqrt(t * t + 1.0);
+    const double s = t * c;
+    for (int k = 0; k < 4; ++k) {
+        const double kp = A[k][p], kq = A[k][q];
+        A[k][p] = c * kp - s * kq;
+        A[k][q] = s * kp + c * kq;
+    }
+    for (int k = 0; k < 4; ++k) {
+        const double pk = A[p][k], qk = A[q][k];
+        A[p][k] = c * pk - s * qk;
+        A[q][k] = s * pk + c * qk;
+        const double vp = V[k][p], vq = V[k][q];
+        V[k][p] = c * vp - s * vq;
+        V[k][q] = s * vp + c * vq;
+    }
+}
+
+double off_diagonal(const double (*A)[4])
+{
+    double sum = 0.0;
+    for (int p = 0; p < 4; ++p)
+        for (int q = p + 1; q < 4; ++q)
+            sum += A[p][q] * A[p][q];
+    return sum;
+}
+
+/// Determinant of four columns, with the opposite sign.
+double determinant(const double* a, const double* b, const double* c, const double* d)
+{
+    double sum = 0.0;
+    for (int r = 0; r < 4; ++r) { // by the last vector, the signs alternate
+        const int x = (r + 1) % 4, y = (r + 2) % 4, z = (r + 3) % 4;
+        const double minor = a[x] * (b[y] * c[z] - b[z] * c[y]) - a[y] * (b[x] * c[z] - b[z] * c[x])
+                             + a[z] * (b[x] * c[y] - b[y] * c[x]);
+        sum += r % 2 == 0 ? d[r] * minor : -d[r] * minor;
+    }
+    return sum;
+}
+
+} // namespace
+
+void quaternion_form(double (*out)[4], const double (*H)[3])
+{
+    out[0][0] = H[0][0] + H[1][1] + H[2][2];
+    out[1][1] = H[0][0] - H[1][1] - H[2][2];
+    out[2][2] = -H[0][0] + H[1][1] - H[2][2];
+    out[3][3] = -H[0][0] - H[1][1] + H[2][2];
+    out[0][1] = out[1][0] = H[2][1] - H[1][2];
+    out[0][2] = out[2][0] = H[0][2] - H[2][0];
+    out[0][3] = out[3][0] = H[1][0] - H[0][1];
+    out[1][2] = out[2][1] = H[0][1] + H[1][0];
+    out[1][3] = out[3][1] = H[0][2] + H[2][0];
+    out[2][3] = out[3][2] = H[1][2] + H[2][1];
+}
+
+bool trace_stays_below(const double (*H)[3], double limit)
+{
+    // Characteristic polynomial x^4 + c2 x^2 + c1 x + c0; all its roots are real, so x lies beyond
+    // the largest one exactly if the polynomial and all its derivatives are positive there.
+    // c0 = det N follows from det H, |H|^2 and the squares of the cofactors: with the singular
+    // values s (the last signed) the eigenvalues are s1 + s2 + s3, s1 - s2 - s3 and so on.
+    double squares = 0.0;
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            squares += H[r][c] * H[r][c];
+    const double c2 = -2.0 * squares;
+    if (!(limit > 0.0 && 6.0 * limit * limit + c2 > 0.0))
+        return false;
+
+    double cofactors[3][3];
+    for (int r = 0; r < 3; ++r) {
+        const double* x = H[(r + 1) % 3];
+        const double* y = H[(r + 2) % 3];
+        cofactors[r][0] = x[1] * y[2] - x[2] * y[1];
+        cofactors[r][1] = x[2] * y[0] - x[0] * y[2];
+        cofactors[r][2] = x[0] * y[1] - x[1] * y[0];
+    }
+    const double determinant =
+        H[0][0] * cofactors[0][0] + H[0][1] * cofactors[0][1] + H[0][2] * cofactors[0][2];
+    const double c1 = -8.0 * determinant;
+    if (!((4.0 * limit * limit + 2.0 * c2) * limit + c1 > 0.0))
+        return false;
+
+    const double c0 = squares * squares - 4.0 * matrix_dot(cofactors, cofactors);
+    return ((limit * limit + c2) * limit + c1) * limit + c0 > 0.0;
+}
+
+double best_rotation(const double (*H)[3], double* quaternion, double* second)
+{
+    const int most_sweeps = 12; // four or five are usual
+    double A[4][4];
+    double V[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+    quaternion_form(A, H);
+    for (int sweep = 0; sweep < most_sweeps && off_diagonal(A) > 0.0; ++sweep)
+        for (int p = 0; p < 4; ++p)
+            for (int q = p + 1; q < 4; ++q)
+                jacobi_step(A, V, p, q);
+
+    int best = 0;
+    for (int k = 1; k < 4; ++k)
+        if (A[k][k] > A[best][best])
+            best = k;
+    for (int r = 0; r < 4; ++r)
+        quaternion[r] = V[r][best];
+    if (second) {
+        *second = A[best == 0 ? 1 : 0][best == 0 ? 1 : 0];
+        for (int k = 0; k < 4; ++k)
+            if (k != best)
+                *second = std::max(*second, A[k][k]);
+    }
+    return A[best][best];
+}
+
+void rotation_product(double (*out)[3], const double* p, const double* q)
+{
+    const double ww = p[0] * q[0], xx = p[1] * q[1], yy = p[2] * q[2], zz = p[3] * q[3];
+    const double wx = p[0] * q[1] + p[1] * q[0], wy = p[0] * q[2] + p[2] * q[0];
+    const double wz = p[0] * q[3] + p[3] * q[0], xy = p[1] * q[2] + p[2] * q[1];
+    const double xz = p[1] * q[3] + p[3] * q[1], yz = p[2] * q[3] + p[3] * q[2];
+    out[0][0] = ww + xx - yy - zz;
+    out[0][1] = xy - wz;
+    out[0][2] = xz + wy;
+    out[1][0] = xy + wz;
+    out[1][1] = ww - xx + yy - zz;
+    out[1][2] = yz - wx;
+    out[2][0] = xz - wy;
+    out[2][1] = yz + wx;
+    out[2][2] = ww - xx - yy + zz;
+}
+
+double quaternion_dot(const double* p, const double* q)
+{
+    return p[0] * q[0] + p[1] * q[1] + p[2] * q[2] + p[3] * q[3];
+}
+
+double matrix_dot(const double (*A)[3], const double (*B)[3])
+{
+    double sum = 0.0;
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            sum += A[r][c] * B[r][c];
+    return sum;
+}
+
+bool is_between(const double* const* corner, const double* q)
+{
+    const double rounding = 1e-6;
+    const double whole = determinant(corner[0], corner[1], corner[2], corner[3]);
+    const double weights[4] = {determinant(q, corner[1], corner[2], corner[3]) / whole,
+                               determinant(corner[0], q, corner[2], corner[3]) / whole,
+                               determinant(corner[0], corner[1], q, corner[3]) / whole,
+                               determinant(corner[0], corner[1], corner[2], q) / whole};
+    const double least = *std::min_element(weights, weights + 4);
+    const double most = *std::max_element(weights, weights + 4);
+    return least >= -rounding || most <= rounding;
+}

@@ -1,0 +1,60 @@
+// The whole simulator without input and output: text requests go in, datagrams come out.
+#ifndef SIMULATOR_MODEL_SIMULATOR_H
+#define SIMULATOR_MODEL_SIMULATOR_H
+
+#include "simulator/model/controller.h"
+#include "simulator/model/datalines.h"
+#include "simulator/model/faults.h"
+#include "simulator/model/setup.h"
+#include "simulator/model/world.h"
+
+#include <QByteArray>
+#include <vector>
+
+namespace simulator
+{
+
+struct Answer
+{
+    QByteArray text;  ///< without line end
+    int delay_ms = 0; ///< how late it is to be given
+};
+
+/// Time goes on with step() only.
+class Simulator
+{
+public:
+    static constexpr int max_request_length = 65536;
+
+    explicit Simulator(const Setup& setup);
+    Simulator(const Simulator&) = delete;
+    Simulator& operator=(const Simulator&) = delete;
+
+    /// `request` is one line without its end.
+    Answer answer(const QByteArray& request);
+
+    /// Lets one frame pass and returns the datagrams to be sent for it.
+    std::vector<QByteArray> step();
+
+    /// UDP port of the loopback address that wants the data; 0 if none does.
+    int data_port() const { return port; }
+    bool is_stopped() const { return stopped; }
+    void stop() { stopped = true; }
+    bool set_data_port(const QByteArray& text);
+
+    World world;
+    Controller controller;
+    Faults faults;
+    double deviation = Noise::default_deviation; ///< of reported positions, mm per axis
+
+private:
+    QByteArray reply(const QByteArray& request);
+
+    Noise noise;
+    int port = 0;
+    bool stopped = false;
+};
+
+} // namespace simulator
+
+#endif

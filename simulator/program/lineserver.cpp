@@ -1,0 +1,33 @@
+#include "simulator/program/lineserver.h"
+
+#include "simulator/model/simulator.h"
+
+namespace simulator
+{
+
+LineServer::LineServer(LineConnection::Handler the_handler, QObject* parent)
+    : QObject(parent), handler(std::move(the_handler))
+{
+    connect(&server, &QTcpServer::newConnection, this, &LineServer::accept_connections);
+}
+
+bool LineServer::listen() { return server.listen(QHostAddress::LocalHost, 0); }
+
+void LineServer::accept_connections()
+{
+    while (QTcpSocket* socket = server.nextPendingConnection())
+        accept(socket);
+}
+
+void LineServer::accept(QTcpSocket* socket)
+{
+    if (findChildren<LineConnection*>().size() < max_connections) {
+        new LineConnection(socket, handler, this);
+        return;
+    }
+    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    socket->write("error too many connections\n");
+    socket->disconnectFromHost();
+}
+
+} // namespace simulator

@@ -1,0 +1,30 @@
+// The room from above, fitted into an area of the screen.
+#ifndef SIMULATOR_WINDOW_ROOMPROJECTION_H
+#define SIMULATOR_WINDOW_ROOMPROJECTION_H
+
+#include "simulator/model/room.h"
+
+#include <QPointF>
+#include <QRectF>
+
+namespace simulator
+{
+
+/// The rear wall is at the top. Pixels are square: one scale holds for both directions.
+class RoomProjection
+{
+public:
+    explicit RoomProjection(const QRectF& area);
+
+    QPointF operator()(const Vec3& world) const;
+    double pixels(double mm) const { return mm * scale; }
+    QRectF floor() const;
+
+private:
+    QPointF centre;
+    double scale; ///< pixels per mm
+};
+
+} // namespace simulator
+
+#endif

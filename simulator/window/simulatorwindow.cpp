@@ -1,0 +1,202 @@
+#include "simulator/window/simulatorwindow.h"
+
+#include "simulator/model/simulator.h"
+#include "simulator/window/roomview.h"
+#include "simulator/window/statustexts.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+namespace simulator
+{
+
+namespace
+{
+
+constexpr int refresh_interval = 33; ///< ms
+constexpr int panel_width = 230;
+constexpr int buttons_in_row = 3;
+
+void add_in_rows(QGridLayout* layout, int first_row, const QList<QPushButton*>& buttons)
+{
+    for (int i = 0; i < buttons.size(); ++i)
+        layout->addWidget(buttons[i], first_row + i / buttons_in_row, i % buttons_in_row);
+}
+
+void show_checked(QCheckBox* box, bool checked)
+{
+    const QSignalBlocker blocker(box);
+    box->setChecked(checked);
+}
+
+} // namespace
+
+SimulatorWindow::SimulatorWindow(Simulator& the_simulator, QWidget* parent)
+    : QWidget(parent), simulator(the_simulator), calibration_to_restore("normal")
+{
+    view = new RoomView(simulator);
+    connect(view, &RoomView::point_clicked, this,
+            [this](int number) { obey("sim touch " + QByteArray::number(number)); });
+
+    auto* panel = new QVBoxLayout;
+    panel->addWidget(make_tool_box());
+    panel->addWidget(make_stick_box());
+    panel->addWidget(make_controller_box());
+    panel->addStretch();
+    auto* panel_widget = new QWidget;
+    panel_widget->setFixedWidth(panel_width);
+    panel_widget->setLayout(panel);
+
+    auto* upper = new QHBoxLayout;
+    upper->addWidget(view, 1);
+    upper->addWidget(panel_widget);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(upper, 1);
+    layout->addWidget(make_status_lines());
+    connect(&refresh_timer, &QTimer::timeout, this, &SimulatorWindow::refresh);
+    refresh_timer.start(refresh_interval);
+    refresh();
+}
+
+QGroupBox* SimulatorWindow::make_tool_box()
+{
+    tool_choice = new QComboBox;
+    for (int i = 0; i < simulator.controller.tool_count(); ++i)
+        tool_choice->addItem(QString("M%1").arg(i + 1));
+    connect(tool_choice, QOverload<int>::of(&QComboBox::activated), this,
+            [this](int index) { obey("sim tool " + QByteArray::number(index + 1)); });
+    measure_button = make_button("Measure", "sim measure");
+    lost_box = make_check_box("Lose the tool", "sim lose", "sim find");
+
+    auto* hint = new QLabel("Click a numbered point\nto put the tip there.");
+    auto* box = new QGroupBox("Measurement Tool in the hand");
+    auto* layout = new QGridLayout(box);
+    layout->addWidget(tool_choice, 0, 0, 1, buttons_in_row);
+    layout->addWidget(hint, 1, 0, 1, buttons_in_row);
+    layout->addWidget(measure_button, 2, 0, 1, buttons_in_row);
+    layout->addWidget(new QLabel("Buttons of the tool:"), 3, 0, 1, buttons_in_row);
+    add_in_rows(layout, 4,
+                {make_held_button("1", "tool 1"), make_held_button("2", "tool 2"),
+                 make_held_button("3", "tool 3")});
+    layout->addWidget(lost_box, 5, 0, 1, buttons_in_row);
+    box->setEnabled(simulator.controller.tool_count() > 0);
+    return box;
+}
+
+QGroupBox* SimulatorWindow::make_stick_box()
+{
+    QList<QPushButton*> buttons;
+    for (size_t i = 0; i < simulator.world.stick.pressed.size(); ++i) {
+        const QByteArray number = QByteArray::number(int(i));
+        buttons << make_held_button(number, "stick " + number);
+    }
+    auto* box = new QGroupBox("Buttons of the Wandstick");
+    add_in_rows(new QGridLayout(box), 0, buttons);
+    return box;
+}
+
+QGroupBox* SimulatorWindow::make_controller_box()
+{
+    locked_box = make_check_box("Lock the configuration", "sim lock", "sim unlock");
+    calibration_button = new QPushButton;
+    connect(calibration_button, &QPushButton::clicked, this, &SimulatorWindow::toggle_calibration);
+    auto* box = new QGroupBox("Controller");
+    auto* layout = new QVBoxLayout(box);
+    layout->addWidget(locked_box);
+    layout->addWidget(calibration_button);
+    return box;
+}
+
+QWidget* SimulatorWindow::make_status_lines()
+{
+    tracking_label = new QLabel;
+    tip_label = new QLabel;
+    extra_label = new QLabel;
+    refusal_label = new QLabel;
+    refusal_label->setStyleSheet("color: #b3264a");
+    auto* state = new QHBoxLayout;
+    state->setSpacing(24);
+    state->addWidget(tracking_label);
+    state->addWidget(tip_label);
+    state->addStretch();
+    state->addWidget(refusal_label);
+    auto* lines = new QWidget;
+    auto* layout = new QVBoxLayout(lines);
+    layout->setContentsMargins(4, 0, 4, 0);
+    layout->addLayout(state);
+    layout->addWidget(extra_label);
+    return lines;
+}
+
+QPushButton* SimulatorWindow::make_held_button(const QString& text, const QByteArray& what)
+{
+    auto* button = new QPushButton(text);
+    button->setMinimumWidth(40);
+    connect(button, &QPushButton::pressed, this, [this, what] { obey("sim press " + what); });
+    connect(button, &QPushButton::released, this, [this, what] { obey("sim release " + what); });
+    return button;
+}
+
+QPushButton* SimulatorWindow::make_button(const QString& text, const QByteArray& request)
+{
+    auto* button = new QPushButton(text);
+    connect(button, &QPushButton::clicked, this, [this, request] { obey(request); });
+    return button;
+}
+
+QCheckBox* SimulatorWindow::make_check_box(const QString& text, const QByteArray& on,
+                                           const QByteArray& off)
+{
+    auto* box = new QCheckBox(text);
+    connect(box, &QCheckBox::clicked, this,
+            [this, on, off](bool checked) { obey(checked ? on : off); });
+    return box;
+}
+
+void SimulatorWindow::toggle_calibration()
+{
+    const bool take_away = simulator.controller.is_calibrated();
+    if (take_away)
+        calibration_to_restore = simulator.controller.coordinate_type();
+    obey("sim roomcal " + (take_away ? QByteArray("none") : calibration_to_restore));
+}
+
+void SimulatorWindow::obey(const QByteArray& request)
+{
+    const QByteArray reply = simulator.answer(request).text;
+    refusal_label->setText(reply.startsWith("error ") ? reply.mid(6) : QByteArray());
+    refresh();
+}
+
+void SimulatorWindow::refresh()
+{
+    refresh_controls();
+    refresh_status_line();
+    view->update();
+}
+
+void SimulatorWindow::refresh_controls()
+{
+    const Tool* tool = simulator.world.held_tool();
+    tool_choice->setCurrentIndex(tool ? simulator.world.held : -1);
+    measure_button->setEnabled(tool && simulator.controller.is_tracking());
+    show_checked(lost_box, tool && tool->hidden);
+    show_checked(locked_box, simulator.controller.is_locked());
+    calibration_button->setText(simulator.controller.is_calibrated() ? "Take the calibration away"
+                                                                     : "Calibrate again");
+}
+
+void SimulatorWindow::refresh_status_line()
+{
+    tracking_label->setText(tracking_text(simulator));
+    tip_label->setText(tip_text(simulator));
+    extra_label->setText(extra_text(simulator.controller.extra()));
+}
+
+} // namespace simulator

@@ -1,0 +1,173 @@
+// Laws of the room rotation over angles that hurt.
+#include "controller/rotationangles.h"
+
+#include <QtTest/QtTest>
+
+#include <cmath>
+#include <cstdio>
+
+namespace
+{
+
+const double hard_angles[] = {0.0,   1e-6,   0.01,  30.0,  44.99, 89.99, 90.0,   90.01,
+                              120.5, 179.99, 180.0, -0.01, -30.0, -90.0, -135.0, -179.0};
+
+/// R = Rx Ry Rz by plain products, row after row.
+void product_of_turns(double (*R)[3], double rx, double ry, double rz)
+{
+    const double angles[3] = {rx, ry, rz};
+    double product[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+    for (int axis = 0; axis < 3; ++axis) {
+        const double a = angles[axis] / room_degrees_per_radian;
+        double turn[3][3] = {{0, 0, 0}, {0, 0, 0}, {0, 0, 0}};
+        const int i = (axis + 1) % 3;
+        const int j = (axis + 2) % 3;
+        turn[axis][axis] = 1.0;
+        turn[i][i] = turn[j][j] = std::cos(a);
+        turn[i][j] = -std::sin(a);
+        turn[j][i] = std::sin(a);
+        double next[3][3];
+        for (int r = 0; r < 3; ++r)
+            for (int c = 0; c < 3; ++c)
+                next[r][c] = product[r][0] * turn[0][c] + product[r][1] * turn[1][c]
+                             + product[r][2] * turn[2][c];
+        std::copy(&next[0][0], &next[0][0] + 9, &product[0][0]);
+    }
+    std::copy(&product[0][0], &product[0][0] + 9, &R[0][0]);
+}
+
+} // namespace
+
+class TestRotationAngles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void the_matrix_is_the_product_of_the_three_turns()
+    {
+        double worst = 0.0;
+        for (double rx : hard_angles)
+            for (double ry : hard_angles)
+                for (double rz : hard_angles) {
+                    double R[3][3];
+                    product_of_turns(R, rx, ry, rz);
+                    double m[9];
+                    _angles2matrix(m, rx, ry, rz);
+                    for (int i = 0; i < 9; ++i)
+                        worst = std::max(worst, std::fabs(m[i] - R[i % 3][i / 3]));
+                }
+        std::printf("worst error of the matrix: %g\n", worst);
+        QVERIFY(worst < 1e-15);
+    }
+
+    void angles_of_a_record_give_its_rotation_again()
+    {
+        double worst = 0.0;
+        for (double rx : hard_angles)
+            for (double ry : hard_angles)
+                for (double rz : hard_angles) {
+                    double words[9];
+                    _angles2matrix(words, rx, ry, rz);
+                    beautify_rotation(words);
+                    transpose_rotation(words);
+                    // Within 0.006 degrees of the pole the two other angles are one.
+                    if (std::fabs(std::fabs(words[2]) - 1.0) < 5e-9 && words[0] != 0.0)
+                        continue;
+                    double ax, ay, az;
+                    rotation_to_angles(words, ax, ay, az);
+                    QVERIFY(!(ax < -180.0) && !(ay < -180.0) && !(az < -180.0));
+                    double again[9];
+                    _angles2matrix(again, ax, ay, az);
+                    transpose_rotation(again);
+                    for (int i = 0; i < 9; ++i)
+                        worst = std::max(worst, std::fabs(again[i] - words[i]));
+                }
+        std::printf("worst error after angles and back: %g\n", worst);
+        QVERIFY(worst < 2e-6); // what the short pi costs at 180 degrees
+    }
+
+    void at_the_pole_rx_carries_both_turns()
+    {
+        // Ry(90) after Rx(30): rows of R.
+        const double s = 0.5;
+        const double c = std::sqrt(0.75);
+        const double words[9] = {0, 0, 1, s, c, 0, -c, s, 0};
+        double rx, ry, rz;
+        rotation_to_angles(words, rx, ry, rz);
+        QVERIFY(std::fabs(rx - 30.0) < 1e-4);
+        QVERIFY(std::fabs(ry - 90.0) < 1e-4);
+        QCOMPARE(rz, 0.0);
+    }
+
+    void a_word_a_digit_above_one_is_a_right_angle()
+    {
+        const double words[9] = {0, 0, 1.00000001, 0, 1, 0, -1, 0, 0};
+        double rx, ry, rz;
+        rotation_to_angles(words, rx, ry, rz);
+        QVERIFY(std::fabs(ry - 90.0) < 1e-4);
+    }
+
+    void minus_pi_shows_as_plus_180()
+    {
+        const double words[9] = {-1, 0, 0, 0, -1, 0, 0, 0, 1};
+        double rx, ry, rz;
+        rotation_to_angles(words, rx, ry, rz);
+        QCOMPARE(rz, 180.0);
+    }
+
+    void beautify_data()
+    {
+        QTest::addColumn<double>("word");
+        QTest::addColumn<double>("becomes"); // NaN: all nine stay
+        const double stays = std::nan("");
+        QTest::newRow("just inside, above one") << 1.0000009 << 1.0;
+        QTest::newRow("just inside, below one") << 0.9999991 << 1.0;
+        QTest::newRow("at the limit") << 1.000001 << stays;
+        QTest::newRow("minus one") << -0.9999995 << -1.0;
+        QTest::newRow("tiny negative becomes plain zero") << -9e-7 << 0.0;
+        QTest::newRow("negative zero") << -0.0 << 0.0;
+        QTest::newRow("a little too far") << 0.00001 << stays;
+        QTest::newRow("not a number") << std::nan("1") << stays;
+        QTest::newRow("general") << 0.5 << stays;
+    }
+
+    void beautify()
+    {
+        QFETCH(double, word);
+        QFETCH(double, becomes);
+        double words[9] = {1e-7, 1.0, 0.0, -1.0, 0.0, 0.0, word, 0.0, 1.0};
+        beautify_rotation(words);
+        const bool stays = std::isnan(becomes);
+        QCOMPARE(words[0], stays ? 1e-7 : 0.0);
+        if (!stays) {
+            QCOMPARE(words[6], becomes);
+            QVERIFY(!std::signbit(words[6]) || becomes != 0.0);
+        } else {
+            QVERIFY(words[6] == word || std::isnan(word));
+        }
+    }
+
+    void what_counts_as_default_data()
+    {
+        QTest::addColumn<QVector<double>>("words"); // translation, rotation, scaling
+        QTest::addColumn<bool>("is_default");
+        QTest::newRow("identity") << QVector<double>{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1} << true;
+        QTest::newRow("a shift whose sum is zero passes")
+            << QVector<double>{5, -5, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1} << true;
+        QTest::newRow("a shift") << QVector<double>{0, 0.001, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1}
+                                 << false;
+        QTest::newRow("a turn about z: the diagonal tells")
+            << QVector<double>{0, 0, 0, 0, 1, 0, -1, 0, 0, 0, 0, 1, 1} << false;
+        QTest::newRow("scaled") << QVector<double>{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1.00001}
+                                << false;
+    }
+
+    void what_counts_as_default()
+    {
+        QFETCH(QVector<double>, words);
+        QTEST(is_default_transformation(&words[0], &words[3], words[12]), "is_default");
+    }
+};
+
+QTEST_APPLESS_MAIN(TestRotationAngles)
+#include "test_rotationangles.moc"
