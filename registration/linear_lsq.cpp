@@ -5,9 +5,9 @@
 namespace
 {
 
-const int max_columns = 10;
+constexpr int max_columns = 10;
 
-}
+} // namespace
 
 // Long because it is one factorisation in the sequence that gives the results their last bits.
 int linear_lsq_solve(double* x, double* b, double* A, int m, int n, double* residual)

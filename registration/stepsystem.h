@@ -2,8 +2,6 @@
 #ifndef REGISTRATION_STEPSYSTEM_H
 #define REGISTRATION_STEPSYSTEM_H
 
-#include "registration/trafo3d.h"
-
 #include <cmath>
 
 /// `columns` unknowns (6 or 7) in one row for each coordinate of each point. The right side stands
@@ -11,21 +9,21 @@
 ///
 /// The numbers are those of `linear_lsq_solve` to the last bit: every sum runs over the rows in the
 /// same sequence, and only sums of different columns are interleaved.
-template <int columns>
+template <int columns, int max_rows>
 class StepSystem
 {
 public:
     enum
     {
         lanes = 8, ///< length of a row, the same for both numbers of unknowns
-        right_side = columns,
-        max_rows = 3 * trafo3d_max_points
+        right_side = columns
     };
 
     double rows[max_rows][lanes];
 
-    /// Solves the first m rows by Householder QR factorisation, which overwrites them. Returns
-    /// false, `x` untouched, if a column is exactly dependent or m is below the number of columns.
+    /// Solves the first m rows, at most max_rows, by Householder QR factorisation, which overwrites
+    /// them. `x` receives `columns` values. Returns false, `x` untouched, if a column is exactly
+    /// dependent or m is below the number of columns.
     bool solve(double* x, int m)
     {
         double squares = 0.0;
@@ -50,14 +48,17 @@ private:
 
     bool eliminate(Column<columns>, int, double) { return true; }
 
-    /// Mirrors column k from row k on, with the sum of squares s, onto its first row, and all later
-    /// columns with it. The sum of squares of the next column is taken on the way.
+    /// One Householder reflection: makes column k zero below row k and applies the same reflection
+    /// to all later columns. `s` is the sum of squares of column k from row k on; that of the next
+    /// column is computed in the same pass.
     template <int k>
     bool eliminate(Column<k>, int m, double s)
     {
         enum
         {
-            first = k + 1 - (k + 1) % 2 // an even lane; column k itself is no longer needed
+            // Rounded down to an even lane for pairwise arithmetic; where that is column k itself,
+            // its elements below the diagonal are not read any more.
+            first = k + 1 - (k + 1) % 2
         };
         if (k >= m || s == 0.0)
             return false;

@@ -8,18 +8,16 @@
 namespace
 {
 
-enum
-{
-    max_parameters = 7
-};
+constexpr int max_parameters = 7;
+constexpr int max_rows = 3 * trafo3d_max_points; // one for each coordinate
 
-const double rotation_unit = 0.01;   // sine of the angle for a parameter of 1
-const double translation_unit = 0.1; // in the unit of the points
-const double scale_unit = 0.001;
-const double damping = 0.5;
-const double converged_change = 0.001; // in the unit of the points
-const int max_tries = 10;
-const int max_iterations = 10;
+constexpr double rotation_unit = 0.01;   // sine of the angle for a parameter of 1
+constexpr double translation_unit = 0.1; // in the unit of the points
+constexpr double scale_unit = 0.001;
+constexpr double damping = 0.5;
+constexpr double converged_change = 0.001; // in the unit of the points
+constexpr int max_tries = 10;
+constexpr int max_iterations = 10;
 
 double dot(const double* a, const double* b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
@@ -138,13 +136,16 @@ struct UnitRotations
     }
 };
 
+template <int np>
+using System = StepSystem<np, max_rows>;
+
 /// The transformation after one unit step of each parameter, parameter by parameter in `lanes`.
 template <int np>
 struct UnitSteps
 {
     enum
     {
-        lanes = StepSystem<np>::lanes
+        lanes = System<np>::lanes
     };
 
     double entry[3][4][lanes];
@@ -168,7 +169,7 @@ struct UnitSteps
 /// Displacement of all points under one unit step of each parameter, and what they lack to the
 /// target, as 3 n rows.
 template <int np>
-void fill_system(StepSystem<np>* system, double (*cur)[4], double (*target)[3], double (*source)[3],
+void fill_system(System<np>* system, double (*cur)[4], double (*target)[3], double (*source)[3],
                  double (*now)[3], int n)
 {
     const UnitSteps<np> steps(cur);
@@ -180,7 +181,7 @@ void fill_system(StepSystem<np>* system, double (*cur)[4], double (*target)[3], 
             for (int j = 0; j < UnitSteps<np>::lanes; ++j)
                 row[j] =
                     entry[0][j] * x + entry[1][j] * y + entry[2][j] * z + entry[3][j] - now[i][c];
-            row[StepSystem<np>::right_side] = target[i][c] - now[i][c];
+            row[System<np>::right_side] = target[i][c] - now[i][c];
         }
     }
 }
@@ -202,7 +203,7 @@ int opt_trafo(double (*T)[4], double* scale, double (*target)[3], double (*sourc
     double cur[4][4];
     double trial[4][4];
     double now[trafo3d_max_points][3];
-    StepSystem<np> system;
+    System<np> system;
 
     std::memcpy(cur, T, sizeof cur);
     trafo3d_perform(now, cur, source, n);

@@ -9,10 +9,7 @@
 #define REGISTRATION_TRAFO3D_H
 
 /// Most point pairs that `trafo3d_opttrafo` takes.
-enum
-{
-    trafo3d_max_points = 50
-};
+constexpr int trafo3d_max_points = 50;
 
 /// Finds x that minimises |A x - b| by Householder QR factorisation without column pivoting.
 /// `x`: n values, out. `b`: m values, overwritten. `A`: m rows of n columns, row-major,

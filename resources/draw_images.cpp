@@ -21,7 +21,7 @@ namespace
 
 using Points = QVector<QPointF>; // corners of a polygon
 
-const double pi = 3.14159265358979323846;
+constexpr double pi = 3.14159265358979323846;
 
 const QColor ink(58, 66, 80);
 const QColor faint(150, 162, 180);
@@ -49,11 +49,11 @@ QFont font(int pixels, bool bold = false, const char* family = "DejaVu Sans")
     return result;
 }
 
-void draw_text(QPainter& p, QPointF centre, const QString& text, const QFont& f, QColor color)
+void draw_text(QPainter& p, QPointF center, const QString& text, const QFont& f, QColor color)
 {
     p.setFont(f);
     p.setPen(color);
-    p.drawText(QRectF(centre.x() - 100, centre.y() - 50, 200, 100), Qt::AlignCenter, text);
+    p.drawText(QRectF(center.x() - 100, center.y() - 50, 200, 100), Qt::AlignCenter, text);
 }
 
 QPointF polar(double degrees, double radius)
@@ -85,36 +85,36 @@ void draw_card(QPainter& p, int width, int height)
     p.drawRoundedRect(QRectF(0.5, 0.5, width - 1, height - 1), 6, 6);
 }
 
-// Isometric cube around `centre`; `edge` in pixels.
-void draw_cube(QPainter& p, QPointF centre, double edge)
+// Isometric cube around `center`; `edge` in pixels.
+void draw_cube(QPainter& p, QPointF center, double edge)
 {
     const QColor faces[] = {QColor(188, 207, 236), QColor(126, 158, 208), QColor(84, 118, 178)};
     for (int i = 0; i < 3; ++i) {
         p.setPen(QPen(QColor(44, 66, 110), 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         p.setBrush(faces[i]);
         const double start = 30 + 120 * i;
-        p.drawPolygon(Points{centre, centre + polar(start, edge), centre + polar(start + 60, edge),
-                             centre + polar(start + 120, edge)});
+        p.drawPolygon(Points{center, center + polar(start, edge), center + polar(start + 60, edge),
+                             center + polar(start + 120, edge)});
     }
 }
 
-void draw_ghost_cube(QPainter& p, QPointF centre, double edge)
+void draw_ghost_cube(QPainter& p, QPointF center, double edge)
 {
     p.setPen(QPen(faint, 1.2, Qt::DashLine));
     p.setBrush(Qt::NoBrush);
     Points outline;
     for (int corner = 0; corner < 6; ++corner)
-        outline << centre + polar(30 + 60 * corner, edge);
+        outline << center + polar(30 + 60 * corner, edge);
     p.drawPolygon(outline);
     for (int corner = 0; corner < 3; ++corner)
-        p.drawLine(centre, centre + polar(30 + 120 * corner, edge));
+        p.drawLine(center, center + polar(30 + 120 * corner, edge));
 }
 
 // The pictures of the coarse tab's sketch: 206 by 206, the axes are drawn on top of them.
 
-const int sketch_size = 206;
-const int sketch_white_row = 200;
-const double sketch_bar = 5;
+constexpr int sketch_size = 206;
+constexpr int sketch_white_row = 200;
+constexpr double sketch_bar = 5;
 
 void draw_sky(QPainter& p)
 {
@@ -201,8 +201,8 @@ void draw_lock(QPainter& p)
 
 // Mouse gestures, 180 by 135: key and mouse on the left, what they move on the right.
 
-const int gesture_width = 180;
-const int gesture_height = 135;
+constexpr int gesture_width = 180;
+constexpr int gesture_height = 135;
 
 enum class MousePart
 {
@@ -264,10 +264,10 @@ void draw_gesture_hand(QPainter& p, MousePart pressed)
 }
 
 // Four arrows: the mouse may go any way while the button is held down.
-void draw_drag_cross(QPainter& p, QPointF centre)
+void draw_drag_cross(QPainter& p, QPointF center)
 {
     for (int degrees = 0; degrees < 360; degrees += 90)
-        draw_arrow(p, centre + polar(degrees, 2), centre + polar(degrees, 14), 2, 7, ink);
+        draw_arrow(p, center + polar(degrees, 2), center + polar(degrees, 14), 2, 7, ink);
 }
 
 void draw_panning(QPainter& p)
@@ -318,9 +318,9 @@ void draw_zooming(QPainter& p)
 // Two frames and an object, for the help of the matching dialog.
 // The drawing is laid out on 460 by 220 and shrunk, so that the help fits on a small screen.
 
-const double frames_scale = 0.72;
-const int frames_width = 331;
-const int frames_height = 158;
+constexpr double frames_scale = 0.72;
+constexpr int frames_width = 331;
+constexpr int frames_height = 158;
 
 using Point3 = std::array<double, 3>;
 
@@ -370,15 +370,15 @@ void draw_frame(QPainter& p, const Frame3& frame, double length)
     p.drawEllipse(origin, 3.5, 3.5);
 }
 
-void draw_name_of_frame(QPainter& p, QPointF centre, const char* name)
+void draw_name_of_frame(QPainter& p, QPointF center, const char* name)
 {
     p.setPen(Qt::NoPen);
     p.setBrush(ink);
-    p.drawEllipse(centre, 14, 14);
-    draw_text(p, centre, name, font(18, true), Qt::white);
+    p.drawEllipse(center, 14, 14);
+    draw_text(p, center, name, font(18, true), Qt::white);
 }
 
-const double object_length = 150, object_depth = 110, object_height = 62;
+constexpr double object_length = 150, object_depth = 110, object_height = 62;
 
 Point3 corner(const Frame3& frame, double x, double y, double z)
 {
@@ -415,10 +415,10 @@ void draw_object(QPainter& p, const Frame3& frame)
 }
 
 // A camera that looks to the lower right.
-void draw_camera(QPainter& p, QPointF centre)
+void draw_camera(QPainter& p, QPointF center)
 {
     p.save();
-    p.translate(centre);
+    p.translate(center);
     p.rotate(14);
     QLinearGradient view(14, 0, 190, 0);
     view.setColorAt(0, QColor(126, 158, 208, 110));

@@ -2,8 +2,8 @@
 
 bsFrame::bsFrame() : reference_frame(nullptr) {}
 
-bsFrame::bsFrame(const bsVector& position_, const bsQuaternion& orientation_, bsFrame* reference)
-    : position(position_), orientation(orientation_), reference_frame(reference)
+bsFrame::bsFrame(const bsVector& position, const bsQuaternion& orientation, bsFrame* reference)
+    : position(position), orientation(orientation), reference_frame(reference)
 {
 }
 

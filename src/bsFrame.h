@@ -16,7 +16,7 @@ public:
 
     bsFrame();
     /// The quaternion is taken as it is.
-    bsFrame(const bsVector& position_, const bsQuaternion& orientation_, bsFrame* reference);
+    bsFrame(const bsVector& position, const bsQuaternion& orientation, bsFrame* reference);
     /// Orientation from the upper left block of m, position from its column 3.
     bsFrame(const bsMatrix& m, bsFrame* reference);
     /// Copies recompute the orientation from its matrix. Sign and last bits can differ from the

@@ -12,11 +12,11 @@
 namespace
 {
 
-const int element_count = 16;
-const double tolerance = 1e-7;
-const double radians_per_degree = 0.017453292519943295;
+constexpr int element_count = 16;
+constexpr double tolerance = 1e-7;
+constexpr double radians_per_degree = 0.017453292519943295;
 
-const double identity_elements[element_count] = {
+constexpr double identity_elements[element_count] = {
     1.0, 0.0, 0.0, 0.0, //
     0.0, 1.0, 0.0, 0.0, //
     0.0, 0.0, 1.0, 0.0, //

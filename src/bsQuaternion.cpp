@@ -6,9 +6,9 @@
 namespace
 {
 
-const double shortest_length = 1e-7;
-const double radians_per_degree = 0.017453292519943295;
-const double pi = 3.141592653589793;
+constexpr double shortest_length = 1e-7;
+constexpr double radians_per_degree = 0.017453292519943295;
+constexpr double pi = 3.141592653589793;
 
 bsQuaternion combine(double ka, const bsQuaternion& a, double kb, const bsQuaternion& b)
 {
@@ -68,9 +68,9 @@ bsQuaternion fromMatrixByZ(const bsMatrix& m)
 
 bsQuaternion::bsQuaternion(double degrees, const bsVector& axis) { fromAxis(degrees, axis); }
 
-bsQuaternion& bsQuaternion::setValues(double x_, double y_, double z_, double w_)
+bsQuaternion& bsQuaternion::setValues(double x, double y, double z, double w)
 {
-    return *this = bsQuaternion(x_, y_, z_, w_);
+    return *this = bsQuaternion(x, y, z, w);
 }
 
 bsQuaternion& bsQuaternion::fromAxis(double degrees, bsVector axis)

@@ -20,13 +20,13 @@ public:
 
     /// The identity.
     bsQuaternion() : x(0.0), y(0.0), z(0.0), w(1.0) {}
-    bsQuaternion(double x_, double y_, double z_, double w_) : x(x_), y(y_), z(z_), w(w_) {}
+    bsQuaternion(double x, double y, double z, double w) : x(x), y(y), z(z), w(w) {}
     /// As fromAxis.
     bsQuaternion(double degrees, const bsVector& axis);
     bsQuaternion(const bsQuaternion&) = default;
     bsQuaternion& operator=(const bsQuaternion&) = default;
 
-    bsQuaternion& setValues(double x_, double y_, double z_, double w_);
+    bsQuaternion& setValues(double x, double y, double z, double w);
 
     /// Right-handed rotation about an axis of any length; the result is normalised. A null axis
     /// gives w = 1 or -1.

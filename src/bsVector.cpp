@@ -8,8 +8,8 @@
 namespace
 {
 
-const double tolerance = 1e-7;
-const double pi = 3.141592653589793;
+constexpr double tolerance = 1e-7;
+constexpr double pi = 3.141592653589793;
 
 double lengthOf(const bsVector& v) { return std::sqrt(bsVector::dotProduct(v, v)); }
 
@@ -23,10 +23,7 @@ static_assert(sizeof(bsVector) == 3 * sizeof(double), "read as an array of three
 
 bsVector& bsVector::setValues(double v) { return *this = bsVector(v); }
 
-bsVector& bsVector::setValues(double x_, double y_, double z_)
-{
-    return *this = bsVector(x_, y_, z_);
-}
+bsVector& bsVector::setValues(double x, double y, double z) { return *this = bsVector(x, y, z); }
 
 bsVector& bsVector::setValues(const double* p) { return *this = bsVector(p); }
 

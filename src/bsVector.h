@@ -16,7 +16,7 @@ public:
 
     bsVector() : x(0.0), y(0.0), z(0.0) {}
     bsVector(double v) : x(v), y(v), z(v) {}
-    bsVector(double x_, double y_, double z_) : x(x_), y(y_), z(z_) {}
+    bsVector(double x, double y, double z) : x(x), y(y), z(z) {}
     /// Copies three values.
     bsVector(const double* p) : x(p[0]), y(p[1]), z(p[2]) {}
     bsVector(const float* p) : x(p[0]), y(p[1]), z(p[2]) {}
@@ -24,7 +24,7 @@ public:
     bsVector& operator=(const bsVector&) = default;
 
     bsVector& setValues(double v);
-    bsVector& setValues(double x_, double y_, double z_);
+    bsVector& setValues(double x, double y, double z);
     bsVector& setValues(const double* p);
     bsVector& setValues(const float* p);
 

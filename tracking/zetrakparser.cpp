@@ -43,11 +43,12 @@ Record* record_at(std::vector<Record>& records, int number, int index)
     return &records.at(static_cast<std::size_t>(index));
 }
 
-// `count` calibrated objects exist; those that no line mentioned are untracked.
+// `count` calibrated objects exist; those that no line mentioned are untracked. A count below 0
+// comes from lines that contradict each other; it is kept, and there are no records then.
 template <class Record>
 void complete_records(std::vector<Record>& records, int* number, int count)
 {
-    if (count > *number)
+    if (count > 0 && count > *number)
         line_groups::grow_untracked(records, number, count);
     *number = count;
 }
@@ -79,11 +80,15 @@ void ZetrakParser::startFrame()
 
 void ZetrakParser::endFrame()
 {
-    if (cal_body_count >= 0)
-        complete_records(body, &num_body,
-                         cal_body_count - line_wandstick_count - line_meatool_count);
-    if (cal_hand_count >= 0)
-        complete_records(hand, &num_hand, cal_hand_count);
+    try {
+        if (cal_body_count >= 0)
+            complete_records(body, &num_body,
+                             cal_body_count - line_wandstick_count - line_meatool_count);
+        if (cal_hand_count >= 0)
+            complete_records(hand, &num_hand, cal_hand_count);
+    } catch (const std::bad_alloc&) {
+        // The records stay as they are, as after a line that found no memory.
+    }
 }
 
 bool ZetrakParser::parseLine(char** line)

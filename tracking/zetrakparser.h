@@ -19,7 +19,7 @@ public:
 
     /// Call after the lines of a frame: calibrated bodies and hands that no line mentioned become
     /// untracked records. The number of bodies is what "6dcal" told less the devices of the "6df"
-    /// and "6dmt" lines, and negative if the lines contradict each other so.
+    /// and "6dmt" lines, and negative if the lines contradict each other so. Never throws.
     virtual void endFrame();
 
     /// Reads the writable, zero-terminated line at `*line` and moves `*line` behind what was read.

@@ -105,15 +105,12 @@ void reset_inertial(Zetrak_Inertial_Type_d& inertial, int id)
 }
 
 // Growth differs from that of the bodies: the new records stay all zero, and it is the record at
-// the running number of the group that is given the ids, state and error of the new ones. False if
-// there is no such record.
-bool grow_inertials(std::vector<Zetrak_Inertial_Type_d>& inertials, int* number, int group, int id)
+// the running number of the group, if there is one, that is given the id and cleared.
+void grow_inertials(std::vector<Zetrak_Inertial_Type_d>& inertials, int* number, int group, int id)
 {
-    if (group > id)
-        return false;
     resize_records(inertials, number, id + 1);
-    reset_inertial(inertials[static_cast<std::size_t>(group)], id);
-    return true;
+    if (group <= id)
+        reset_inertial(inertials[static_cast<std::size_t>(group)], id);
 }
 
 char* read_inertial(char* cursor, std::vector<Zetrak_Inertial_Type_d>& inertials, int* number,
@@ -125,8 +122,8 @@ char* read_inertial(char* cursor, std::vector<Zetrak_Inertial_Type_d>& inertials
     if (!cursor || !is_in_range(integers[0]))
         return nullptr;
     const int id = integers[0];
-    if (id >= *number && !grow_inertials(inertials, number, group, id))
-        return nullptr;
+    if (id >= *number)
+        grow_inertials(inertials, number, group, id);
     Zetrak_Inertial_Type_d& inertial = inertials[static_cast<std::size_t>(id)];
     inertial.id = id;
     inertial.state = integers[1];

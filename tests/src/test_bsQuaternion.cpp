@@ -122,18 +122,24 @@ private slots:
         QVERIFY(is_near(q, -2 * k, 0, 3 * k, 3));
     }
 
-    void goes_through_streams()
+    /// Quaternions, vectors and matrices, with the prompts of reading them.
+    void everything_goes_through_streams()
     {
+        const bsMatrix moved = bsMatrix().translation(7, 8, 9);
         std::ostringstream out, prompts;
-        out << bsQuaternion(1, -2.5, 0, 1e-9);
-        QCOMPARE(out.str(), std::string("{1, -2.5, 0, 1e-09}"));
-        std::istringstream in("1 2 3 4.5");
+        out << bsQuaternion(1, -2.5, 0, 1e-9) << bsVector(1, -2.5, 1e-9) << moved;
+        QCOMPARE(out.str(), std::string("{1, -2.5, 0, 1e-09}{1,-2.5,1e-09}[1\t0\t0\t7\t]\n"
+                                        "[0\t1\t0\t8\t]\n[0\t0\t1\t9\t]\n[0\t0\t0\t1\t]\n"));
+        std::istringstream in("1 2 3 4.5 1.5 -2\n3e2 1 0 0 7 0 1 0 8 0 0 1 9 0 0 0 1");
         std::streambuf* const standard_output = std::cout.rdbuf(prompts.rdbuf());
         bsQuaternion q;
-        in >> q;
+        bsVector v;
+        bsMatrix m;
+        in >> q >> v >> m;
         std::cout.rdbuf(standard_output);
-        QVERIFY(is_near(q, 1, 2, 3, 4.5));
-        QCOMPARE(prompts.str(), std::string("x : \ny : \nz : \nw : "));
+        QVERIFY(is_near(q, 1, 2, 3, 4.5) && v == bsVector(1.5, -2, 300) && m == moved);
+        QCOMPARE(prompts.str(), std::string("x : \ny : \nz : \nw : x : \ny : \nz : ? a0 b0 c0 d0 : "
+                                            "? a1 b1 c1 d1 : ? a2 b2 c2 d2 : ? a3 b3 c3 d3 : "));
     }
 };
 

@@ -144,7 +144,7 @@ private slots:
             {"6dj 1 1 [0 21]%%%%%%%%%%%%%%%%%%%%%", "n", "human 0/0"},
             {"6di 2 [0 5 0]@[3 6 0]@", "y", "inertial 0/5 3/0 0/0 3/6"},
             {"6di 1 [1 5 0]@|6di 0", "yy", "inertial 0/0 1/0"},
-            {"6di 3 [0 1 0]@[0 1 0]@[1 1 0]@", "n", "inertial 0/1"},
+            {"6di 3 [0 1 0]@[0 1 0]@[1 7 0]@", "y", "inertial 0/1 1/7"},
             {"3d 2 [99999 1]# [-3 0.5]#", "y", "marker 99999/1 -3/0.5"},
             {"3d 1 [1 1]#|3d x", "yn", ""},
         };
@@ -301,6 +301,14 @@ private slots:
         QVERIFY(parse(parser, "6dcal 1") && parse(parser, "6df 2 [0 1 0]@[1 1 0]@"));
         parser.endFrame();
         QVERIFY(parser.getNumBody() == -1 && !parser.getBody(0) && !parser.getBody(-1));
+        QVERIFY(parse(parser, "6dcal 2"));
+        parser.endFrame(); // rises from below 0 to 0
+        QCOMPARE(parser.getNumBody(), 0);
+        QVERIFY(parse(parser, "6dcal 0"));
+        parser.endFrame();
+        QVERIFY(parse(parser, "6df 1 [0 1 0]@"));
+        parser.endFrame(); // from -2 to -1
+        QVERIFY(parser.getNumBody() == -1 && !parser.getBody(0));
         QVERIFY(parse(parser, "6d 1 [1 1]@"));
         QVERIFY(parser.describe().startsWith("body 0/-1 1/1 stick"));
     }
