@@ -7,12 +7,12 @@
 namespace
 {
 
-const double start_distance = 300.0; // mm
+constexpr double start_distance = 300.0; // mm
 
 } // namespace
 
-AbcGLCanvas::AbcGLCanvas(QWidget* parent, AbcMatchingDialog* matching_dialog_)
-    : QGLWidget(parent), room(nullptr), matching_dialog(matching_dialog_), use_tip(false),
+AbcGLCanvas::AbcGLCanvas(QWidget* parent, AbcMatchingDialog* matching_dialog)
+    : QGLWidget(parent), room(nullptr), matching_dialog(matching_dialog), use_tip(false),
       tip_seen(false), tip_matrix(bsMatrix::getIdentityMatrix()), tip_list(0),
       view_mode(abcViewNone), tip_enabled(false), last_x(0), last_y(0), field_of_view(45.0),
       near_plane(1.0), far_plane(100000.0), view_width(0), view_height(0), menu(nullptr)
@@ -60,7 +60,7 @@ bool AbcGLCanvas::isRoomModified() { return room.modified; }
 
 const bsMatrix& AbcGLCanvas::getRoomTransformation() { return room.getCumulatedTransformation(); }
 
-void AbcGLCanvas::set_menu(QMenu* menu_) { menu = menu_; }
+void AbcGLCanvas::set_menu(QMenu* menu) { this->menu = menu; }
 
 void AbcGLCanvas::showLongAxes(bool showLongAxes)
 {

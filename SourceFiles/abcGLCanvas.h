@@ -34,45 +34,57 @@ class AbcGLCanvas : public QGLWidget
 
 public:
     /// The dialog whose reference points drawPoints shows; not owned, may be null.
-    AbcGLCanvas(QWidget* parent, AbcMatchingDialog* matching_dialog_);
+    AbcGLCanvas(QWidget* parent, AbcMatchingDialog* matching_dialog);
     ~AbcGLCanvas();
 
-    /// Both forget the undo and redo lists.
+    /// Shows rotation and translation of the record, with no movement yet. Always true. This and
+    /// unloadRoom() forget the undo and redo lists.
     bool loadRoom(RoomAdjustmentData* data);
+    /// Shows nothing but the background.
     void unloadRoom();
     /// See abcRoom::save.
     void saveRoom(RoomAdjustmentData* data, bool only_cumulated);
 
+    /// Millimetres that a pixel of a drag is worth; the frames are drawn in multiples of it.
     void setRoomScaleFactor(double factor);
     double getRoomScaleFactor();
     bool isRoomLoaded();
+    /// Whether a movement was stored or taken back since loading.
     bool isRoomModified();
     /// The product of all movements stored since loading.
     const bsMatrix& getRoomTransformation();
+    /// Of the room's origin in the eye's coordinates: (0, 0, -300) is 300 mm ahead.
     const bsVector& getViewPosition();
     void setViewMode(abcViewMode mode);
     /// The context menu. It must be set before the first click of the right button.
-    void set_menu(QMenu* menu_);
+    void set_menu(QMenu* menu);
 
+    // The tool's tip. Nothing enables it so far: it is not drawn, and getBestZValue ignores it.
     void setUseTip(bool use);
     void setTipSeen(bool seen);
     void setTipPos(const bsVector& position);
     void setTipMatrix(const bsMatrix& matrix);
     /// These two draw at once and need the context current; painting does not call them.
     void drawTip();
+    /// The reference points of the matching dialog with their numbers, moved by its transformation
+    /// if it has one. Nothing without a dialog.
     void drawPoints();
 
+    /// Always false.
     bool checkSetParallelAxes();
 
 signals:
+    // Those without a comment are emitted by nothing; connections to them stay possible.
     void translateViewRequest(double x, double y, double z);
     void rotateViewRequest(double x, double y, double z);
     /// A movement of the view is complete: whoever moves it starts again from zero.
     void storeViewRequest();
+    /// Whether there is a movement to take back, or to repeat; after each change of the lists.
     void canUndo(bool enableUndo);
     void canRedo(bool enableRedo);
     void canSetAxisToMarkers(bool enableSetAxisToMarkers);
     void canSetParallelAxes(bool enableSetParallelAxes);
+    /// Passed on from the room: a movement was stored or taken back (true), or all forgotten.
     void roomModified(bool roomModified);
     void canUndoRoom(bool enableUndo);
     void canRedoRoom(bool enableRedo);
@@ -80,15 +92,20 @@ signals:
 public slots:
     /// Makes the view of this moment the base of view movements.
     void saveCurrentView();
-    /// About the eye's axes, on top of the saved orientation.
+    /// Turns the saved orientation about the eye's axes: z first, then y, then x.
     void rotateView(double x, double y, double z);
+    /// From the rotation of m; saves the view.
     void setViewOrientation(const bsMatrix& m);
+    /// Moves from the saved position.
     void translateView(double x, double y, double z);
+    /// Saves the view.
     void setViewPosition(const bsVector& position);
     /// Multiplies m to the view from the right and saves the view. Does not repaint.
     void transformView(const bsMatrix& m);
 
+    /// Dashed lines along the axes of the transformed frame.
     void showLongAxes(bool showLongAxes);
+    /// Their length as a multiple of the scale factor and of the arrows' length.
     void setLongAxesFactor(double longAxesFactor);
     void showXYGrid(bool showXY);
     void showYZGrid(bool showYZ);
@@ -97,24 +114,29 @@ public slots:
     void setYZGridColor(QColor& XYColor);
     void setXZGridColor(QColor& XYColor);
 
+    /// From here to rotateViewEnd() moving the mouse rotates the view.
     void rotateViewBegin();
     void rotateViewEnd();
 
     /// Distance in mm from which both frames can be seen; 900 at least, and without a room.
     double getBestZValue();
 
+    /// As undoRoom() and redoRoom(), with a repaint.
     void undo();
     void redo();
 
+    /// The unstored rotation becomes Rx Ry Rz, or that of m.
     void rotateRoom(double x, double y, double z);
     void rotateRoom(const bsMatrix& m);
     /// These two take their argument in coordinates before the stored movements.
     void setRoomOrientation(const bsMatrix& m);
     void setRoomPosition(const bsVector& v);
+    /// The unstored translation.
     void translateRoom(double x, double y, double z);
     /// Stores the movement of the room. The view takes it over, so that the picture stays.
     void saveCurrentRoom();
-    /// These two take the view along and do not repaint.
+    /// One stored movement back, or forth again. The view moves with it, so that the picture stays.
+    /// Do not repaint.
     void undoRoom();
     void redoRoom();
 

@@ -9,13 +9,13 @@
 namespace
 {
 
-const double label_offset = -10.0; // these two are multiples of the room's scale factor
-const double point_radius = 2.0;
-const int point_slices = 4;
-const int point_stacks = 2;
+constexpr double label_offset = -10.0; // these two are multiples of the room's scale factor
+constexpr double point_radius = 2.0;
+constexpr int point_slices = 4;
+constexpr int point_stacks = 2;
 
-const int tip_slices = 32;
-const int tip_stacks = 32;
+constexpr int tip_slices = 32;
+constexpr int tip_stacks = 32;
 
 bsMatrix currentModelView()
 {
@@ -24,7 +24,7 @@ bsMatrix currentModelView()
     return bsMatrix(elements);
 }
 
-// Backwards from where the last one began.
+// Ends where the one before began, and extends along -z.
 void drawTipCylinder(GLUquadric* quadric, double base, double top, double height)
 {
     glTranslated(0.0, 0.0, -height);

@@ -1,9 +1,11 @@
-// The view of the 3D view: its movements, the mouse and the wheel.
+// From where one looks at the room: movements of the view, by calls, mouse and wheel.
 #include "SourceFiles/abcGLCanvas.h"
+
+#include "platform/wheeldelta.h"
 
 #include <QMenu>
 #include <QMouseEvent>
-#include <QWheelEvent>
+#include <QPointer>
 
 #include <algorithm>
 #include <cmath>
@@ -11,22 +13,13 @@
 namespace
 {
 
-const double least_distance = 900.0; // mm
-const double margin_around_room = 1.1;
-const double pi = 3.141592653589793;
+constexpr double least_distance = 900.0; // mm
+constexpr double margin_around_room = 1.1;
+constexpr double pi = 3.141592653589793;
 
 // A wheel reports eighths of a degree and turns 15 degrees from notch to notch.
-const int wheel_units_per_degree = 8;
-const int degrees_per_notch = 15;
-
-int wheelDelta(const QWheelEvent* event)
-{
-#if QT_VERSION >= 0x050000
-    return event->angleDelta().y();
-#else
-    return event->delta();
-#endif
-}
+constexpr int wheel_units_per_degree = 8;
+constexpr int degrees_per_notch = 15;
 
 double lengthOf(const bsVector& v) { return std::sqrt(bsVector::dotProduct(v, v)); }
 
@@ -112,10 +105,13 @@ void AbcGLCanvas::mousePressEvent(QMouseEvent* event)
 {
     const bool ctrl = event->modifiers() & Qt::ControlModifier;
     if (event->button() == Qt::RightButton) {
+        const QPointer<AbcGLCanvas> self(this);
         if (ctrl)
             setViewMode(abcViewRotate);
         else
             menu->exec(event->globalPos());
+        if (!self)
+            return;
     } else if (event->button() == Qt::LeftButton) {
         if (ctrl)
             setViewMode(abcViewPan);
@@ -148,9 +144,10 @@ void AbcGLCanvas::mouseMoveEvent(QMouseEvent* event)
 
 void AbcGLCanvas::wheelEvent(QWheelEvent* event)
 {
+    event->accept(); // so that no widget behind the view sees it
     if (!(event->modifiers() & Qt::ControlModifier))
         return;
-    const int notches = wheelDelta(event) / wheel_units_per_degree / degrees_per_notch;
+    const int notches = wheel_delta(event) / wheel_units_per_degree / degrees_per_notch;
     translateView(0.0, 0.0, notches * getRoomScaleFactor());
     emit storeViewRequest();
     updateGL();

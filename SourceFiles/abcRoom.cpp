@@ -9,13 +9,13 @@
 namespace
 {
 
-const double transformed_axis_length = 30.0; // these sizes are multiples of the scale factor
-const double origin_axis_length = 25.0;
-const double second_axis_size = 3.0;
-const double origin_long_axes_factor = 10.0;
-const double label_distance = 5.0;
-const double transformed_brightness = 1.0;
-const double origin_brightness = 0.4;
+constexpr double transformed_axis_length = 30.0; // these sizes are multiples of the scale factor
+constexpr double origin_axis_length = 25.0;
+constexpr double second_axis_size = 3.0;
+constexpr double origin_long_axes_factor = 10.0;
+constexpr double label_distance = 5.0;
+constexpr double transformed_brightness = 1.0;
+constexpr double origin_brightness = 0.4;
 
 void drawFrameAxes(double length, double size, bool long_axes, double factor, double brightness)
 {
@@ -49,8 +49,6 @@ void abcRoom::initialize()
     redo_list.clear();
 }
 
-// The record's words run along the columns here and in save; that transposes the rotation of the
-// fine tab's angles, which is how controller and picture are meant to relate.
 bool abcRoom::load(RoomAdjustmentData* data)
 {
     initialize();

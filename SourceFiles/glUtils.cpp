@@ -10,17 +10,17 @@
 namespace
 {
 
-// The assertion of computeFrame is known by this place and name, wherever it stands by now.
-const int assertion_line = 205;
+// What the failing assertion prints is prescribed, and does not follow the source.
+constexpr int assertion_line = 205;
 const char* const assertion_function =
     "const bsMatrix computeFrame(bsVector&, bsVector&, bsVector&, abcAxis, abcAxis)";
 
-const double most_grid_lines = 1e6;
-const GLushort rotation_axis_pattern = 0x1C47;
-const GLushort long_axis_pattern = 0xF0F0;
-const double rotation_axis_half_length = 500.0; // mm
-const int slices = 16;
-const int stacks = 1;
+constexpr double most_grid_lines = 1e6;
+constexpr GLushort rotation_axis_pattern = 0x1C47;
+constexpr GLushort long_axis_pattern = 0xF0F0;
+constexpr double rotation_axis_half_length = 500.0; // mm
+constexpr int slices = 16;
+constexpr int stacks = 1;
 
 bool isNextAxis(abcAxis axis, abcAxis next) { return next == (axis + 1) % 3; }
 
@@ -49,7 +49,7 @@ void drawColoredLine(const bsVector& color, const bsVector& end)
     glEnd();
 }
 
-// Whole mm. The way over the step rounds as the lines do that are placed by it.
+// The half size cut to whole mm, divided and multiplied by the step to round as the lines do.
 double gridExtent(double half_size, double step) { return std::trunc(half_size) / step * step; }
 
 bool canBeDrawn(double extent, double step)

@@ -27,7 +27,7 @@ const bsMatrix computeFrame(bsVector& axis_vector, bsVector& preserved_vector,
 /// A beam of square section, width wide, from start to end. Along the y axis it has no section.
 void drawRectangle(bsVector& start, bsVector& end, double width);
 
-/// Lines in the plane z = 0 in the current colour, symmetric about the origin and step apart,
+/// Lines in the plane z = 0 in the current color, symmetric about the origin and step apart,
 /// beginning at the negative end. Half sizes are cut to whole mm; steps must be above 0. A size
 /// that is not finite, or that asks for more than a million lines, draws nothing. Lighting is off
 /// afterwards.

@@ -134,7 +134,7 @@ double exhaustive_time(PairingLists& lists)
             std::memcpy(candidate[i], lists.measured[order[i]], sizeof candidate[i]);
         double T[4][4];
         double residual;
-        if (plain::start_trafo(T, lists.reference, candidate) == 0
+        if (trafo3d_3trafo(T, lists.reference, candidate) == 0
             && plain::fit_trafo(T, nullptr, lists.reference, candidate, n, &residual) == 0
             && (best < 0.0 || best > residual))
             best = residual;

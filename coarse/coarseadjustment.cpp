@@ -2,9 +2,12 @@
 
 #include "coarse/renderarea.h"
 #include "contract/iomanager.h"
+#include "controller/queries.h"
+#include "controller/roomadjustmentdata.h"
+#include "controller/roomangles.h"
+#include "controller/rotationangles.h"
 #include "controller/versiongates.h"
 #include "controller/vocabulary.h"
-#include "module/roomadjustmentdlg.h"
 #include "platform/headersections.h"
 
 #include <QStandardItemModel>
@@ -16,10 +19,6 @@ namespace
 {
 
 const int quarter_turn = 90; // degrees
-
-// 180 divided by 3.141592. The geometry kernel converts with another constant; the two are not to
-// be merged, because the controller's values were always written with this one.
-const double degrees_per_radian = 57.29579143313326;
 
 void refill_with_axes(QComboBox* box, CoordinateCalculator& calculator)
 {
@@ -37,9 +36,9 @@ QString opposite_desc(const QString& desc)
 
 CoarseAdjustment::CoarseAdjustment(IOManager* io_manager, BackendVersions* backend_versions,
                                    RoomAdjustmentData* ra_data, QWidget* parent)
-    : QWidget(parent), io_manager(io_manager), backend_versions(backend_versions), dialog(parent),
-      model(0), roomcal_coord_type(calibration_normal), calculator(0), render_area(0),
-      ra_data(ra_data), update_enabled(false)
+    : QWidget(parent), io_manager(io_manager), backend_versions(backend_versions),
+      room_angles(nullptr), model(nullptr), roomcal_coord_type(calibration_normal),
+      calculator(nullptr), render_area(nullptr), ra_data(ra_data), update_enabled(false)
 {
     ui.setupUi(this);
     setupTableView();
@@ -51,6 +50,8 @@ CoarseAdjustment::CoarseAdjustment(IOManager* io_manager, BackendVersions* backe
 }
 
 CoarseAdjustment::~CoarseAdjustment() { delete calculator; }
+
+void CoarseAdjustment::setRoomAngles(RoomAngles* angles) { room_angles = angles; }
 
 void CoarseAdjustment::setModel(QStandardItemModel* model)
 {
@@ -77,9 +78,9 @@ void CoarseAdjustment::updateTableViewColumnWidth()
 
 void CoarseAdjustment::resizeEvent(QResizeEvent*) { updateTableViewColumnWidth(); }
 
-bool CoarseAdjustment::ask_coord_type(char* reply, const char* query)
+bool CoarseAdjustment::ask_coord_type(ReplyText* reply, const char* query)
 {
-    if (io_manager->get_param_string(reply, query) == 0)
+    if (query_text(io_manager, reply, query))
         return true;
     vocabulary::show_error(io_manager, vocabulary::cannot_get_coordinate_type);
     return false;
@@ -99,16 +100,15 @@ int CoarseAdjustment::get_roomcal_coord_type()
         {vocabulary::reply_none, calibration_none},
     };
 
-    char reply[IOManager::buffer_size] = "";
+    ReplyText reply;
     const bool knows_last = passes(*backend_versions, version_gate::last_coordinate_type);
-    if (!ask_coord_type(reply, knows_last ? vocabulary::last_coordinate_type
-                                          : vocabulary::coordinate_type))
+    if (!ask_coord_type(&reply, knows_last ? vocabulary::last_coordinate_type
+                                           : vocabulary::coordinate_type))
         return -1;
-    if (qstrcmp(reply, vocabulary::reply_none) == 0
-        && !ask_coord_type(reply, vocabulary::coordinate_type))
+    if (reply.is(vocabulary::reply_none) && !ask_coord_type(&reply, vocabulary::coordinate_type))
         return -1;
     for (const auto& known : types)
-        if (qstrcmp(reply, known.word) == 0)
+        if (reply.is(known.word))
             return known.type;
     return -1;
 }
@@ -282,33 +282,21 @@ void CoarseAdjustment::getAngleValues(double& rx, double& ry, double& rz)
 
 void CoarseAdjustment::setCooTransAngleValues(const double& rx, const double& ry, const double& rz)
 {
-    static_cast<RoomAdjustmentDlg2g*>(dialog)->setCooTransAngleValues(rx, ry, rz);
+    if (room_angles)
+        room_angles->set_angles(rx, ry, rz);
 }
 
 void CoarseAdjustment::getCooTransAngleValues(double& rx, double& ry, double& rz)
 {
-    static_cast<RoomAdjustmentDlg2g*>(dialog)->getCooTransAngleValues(rx, ry, rz);
+    if (room_angles)
+        room_angles->get_angles(rx, ry, rz);
+    else
+        rx = ry = rz = 0.0;
 }
 
-// R = Rx(rx) Ry(ry) Rz(rz) goes in row by row. The record is read column after column, so it then
-// holds the transpose, as the controller wants it.
 void CoarseAdjustment::updateRaData()
 {
     double rx = 0.0, ry = 0.0, rz = 0.0;
     getAngleValues(rx, ry, rz);
-    const double sx = std::sin(rx / degrees_per_radian), cx = std::cos(rx / degrees_per_radian);
-    const double sy = std::sin(ry / degrees_per_radian), cy = std::cos(ry / degrees_per_radian);
-    const double sz = std::sin(rz / degrees_per_radian), cz = std::cos(rz / degrees_per_radian);
-    const double rotation[9] = {
-        cy * cz,
-        -cy * sz,
-        sy,
-        cx * sz + sx * sy * cz,
-        cx * cz - sx * sy * sz,
-        -sx * cy,
-        sx * sz - cx * sy * cz,
-        sx * cz + cx * sy * sz,
-        cx * cy,
-    };
-    std::copy(rotation, rotation + 9, ra_data->rotation);
+    angles_to_rotation(rx, ry, rz, ra_data->rotation);
 }

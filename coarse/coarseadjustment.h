@@ -11,7 +11,9 @@
 class IOManager;
 class QStandardItemModel;
 class RenderArea;
+class RoomAngles;
 struct BackendVersions;
+struct ReplyText;
 struct RoomAdjustmentData;
 
 /// A second view on the three angles of the fine tab, for the cases in which all of them are
@@ -22,10 +24,13 @@ class CoarseAdjustment : public QWidget
     Q_OBJECT
 
 public:
-    /// `parent` is the RoomAdjustmentDlg2g, through which the fine tab is reached.
     CoarseAdjustment(IOManager* io_manager, BackendVersions* backend_versions,
                      RoomAdjustmentData* ra_data, QWidget* parent);
     ~CoarseAdjustment();
+
+    /// The fine tab's angles, which this tab shows and changes; until they are set, three zeros
+    /// that nothing changes. Not owned.
+    void setRoomAngles(RoomAngles* angles);
 
     /// The table of camera coordinates: four columns.
     void setModel(QStandardItemModel* model);
@@ -76,7 +81,7 @@ private slots:
     void on_pushButton_reset_clicked();
 
 private:
-    bool ask_coord_type(char* reply, const char* query);
+    bool ask_coord_type(ReplyText* reply, const char* query);
     void choose_coord_type(int type);
     void get_whole_angles(int angles[3]);
     void show_in_sketch(const CoordinateAxix& axis);
@@ -85,7 +90,7 @@ private:
     Ui_CoarseAdjustmentClass ui;
     IOManager* io_manager;
     BackendVersions* backend_versions;
-    QWidget* dialog;
+    RoomAngles* room_angles;
     QStandardItemModel* model;
     int roomcal_coord_type;
     CoordinateCalculator* calculator;

@@ -11,6 +11,10 @@ class Requester;
 /// and blocks until the controller has answered. Every result other than 0 is a failure. Each text
 /// buffer belongs to the caller and holds `IOManager::buffer_size` bytes, terminator included;
 /// the host writes no more than that.
+///
+/// While it waits for the controller, an operation must not process events. Only `show_message` may
+/// run an event loop, for instance that of a message box. There, everything may happen that may
+/// happen between two events: data lines, further clicks, even the end of the module.
 class IOManager
 {
 public:
@@ -49,7 +53,7 @@ public:
     virtual int add_requester(Requester* requester) = 0;
     virtual int remove_requester(Requester* requester) = 0;
 
-    /// Shows `text` to the user through the host's message facility.
+    /// Shows `text` to the user through the host's message facility. May run an event loop.
     virtual int show_message(const char* category, const char* source, int level,
                              const char* text) = 0;
 

@@ -4,11 +4,11 @@
 
 /// Field `index` of `reply`, split at single blanks, as a number written in the C locale whatever
 /// the desktop's locale says. Two blanks in a row make an empty field. `ok`, if not null, receives
-/// whether the field is a number; the result is 0.0 if it is not.
+/// whether the field is a finite number; the result is 0.0 if it is not.
 double reply_number(const char* reply, int index, bool* ok = nullptr);
 
-/// The first `count` fields into `values`. Returns false at the first that is not a number; then
-/// `values` keeps what it held.
+/// The first `count` fields into `values`. Returns false at the first that is not a finite number;
+/// then `values` keeps what it held.
 bool reply_numbers(const char* reply, int count, double* values);
 
 #endif

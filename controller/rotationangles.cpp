@@ -6,13 +6,13 @@
 namespace
 {
 
-/// The exact value that `word` is close to; false if it is close to none.
-bool nearest_exact(double word, double& exact)
+/// The exact value that `element` is close to; false if it is close to none.
+bool nearest_exact(double element, double& exact)
 {
     const double candidates[][3] = {
         {-0.000001, 0.0, 0.000001}, {0.999999, 1.0, 1.000001}, {-1.000001, -1.0, -0.999999}};
     for (const double(&candidate)[3] : candidates) {
-        if (word > candidate[0] && word < candidate[2]) {
+        if (element > candidate[0] && element < candidate[2]) {
             exact = candidate[1];
             return true;
         }
@@ -47,9 +47,17 @@ void _angles2matrix(double* m, double rx, double ry, double rz)
     m[8] = cx * cy;
 }
 
-void rotation_to_angles(const double* words, double& rx, double& ry, double& rz)
+void angles_to_rotation(double rx, double ry, double rz, double* elements)
 {
-    const double(*R)[3] = reinterpret_cast<const double(*)[3]>(words);
+    _angles2matrix(elements, rx, ry, rz);
+    std::swap(elements[1], elements[3]);
+    std::swap(elements[2], elements[6]);
+    std::swap(elements[5], elements[7]);
+}
+
+void rotation_to_angles(const double* elements, double& rx, double& ry, double& rz)
+{
+    const double(*R)[3] = reinterpret_cast<const double(*)[3]>(elements);
     const double K = room_degrees_per_radian;
     // A foreign value a digit above 1 is a right angle, not a number that does not exist.
     ry = std::asin(std::max(-1.0, std::min(1.0, R[0][2]))) * K;
@@ -65,20 +73,13 @@ void rotation_to_angles(const double* words, double& rx, double& ry, double& rz)
     rz = without_overshoot(rz);
 }
 
-void beautify_rotation(double* words)
+void beautify_rotation(double* elements)
 {
     double exact[9];
     for (int i = 0; i < 9; ++i)
-        if (!nearest_exact(words[i], exact[i]))
+        if (!nearest_exact(elements[i], exact[i]))
             return;
-    std::copy(exact, exact + 9, words);
-}
-
-void transpose_rotation(double* words)
-{
-    std::swap(words[1], words[3]);
-    std::swap(words[2], words[6]);
-    std::swap(words[5], words[7]);
+    std::copy(exact, exact + 9, elements);
 }
 
 bool is_default_transformation(const double* translation, const double* rotation, double scaling)

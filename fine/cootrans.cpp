@@ -1,11 +1,11 @@
 #include "fine/cootrans.h"
 
 #include "SourceFiles/abcGLCanvas.h"
+#include "controller/queries.h"
 #include "controller/roomadjustmentdata.h"
 #include "controller/vocabulary.h"
 #include "matching/abcmatchingdialog.h"
 #include "matching/helpdialog.h"
-#include "module/roomadjustmentdlg.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,20 +13,21 @@
 namespace
 {
 
-const double wide_scaling_minimum = 0.1;
-const double wide_scaling_maximum = 2.0;
-const double fine_scaling_minimum = 0.95;
-const double fine_scaling_maximum = 1.05;
-const double equality_digits = 100000.0;
+constexpr double wide_scaling_minimum = 0.1;
+constexpr double wide_scaling_maximum = 2.0;
+constexpr double fine_scaling_minimum = 0.95;
+constexpr double fine_scaling_maximum = 1.05;
+constexpr double equality_digits = 100000.0;
 
 } // namespace
 
 CooTrans::CooTrans(IOManager* io_manager, BackendVersions* backend_versions,
                    RoomAdjustmentData* ra_data, QWidget* dialog, QWidget* matching_parent)
     : QWidget(dialog), io_manager(io_manager), backend_versions(backend_versions),
-      dialog(qobject_cast<RoomAdjustmentDlg2g*>(dialog)), gl_canvas(nullptr), ra_data(ra_data),
-      matching_dialog(nullptr), long_axes_shown(false), xy_grid_shown(false), yz_grid_shown(false),
-      xz_grid_shown(false), update_enabled(false)
+      dialog(dialog && dialog->inherits("RoomAdjustmentDlg2g") ? dialog : nullptr),
+      gl_canvas(nullptr), ra_data(ra_data), matching_dialog(nullptr), long_axes_shown(false),
+      xy_grid_shown(false), yz_grid_shown(false), xz_grid_shown(false), update_enabled(false),
+      round_trip(false), trip_needs_window(false)
 {
     setOldExtraTrafo(RoomAdjustmentData());
     ui.setupUi(this);
@@ -42,6 +43,8 @@ CooTrans::CooTrans(IOManager* io_manager, BackendVersions* backend_versions,
 
 CooTrans::~CooTrans()
 {
+    if (round_trip && !oldTrafoIsDefault())
+        writeOldExtraTrafo();
     // Its Qt parent is the host's window, which outlives the module: nothing may stay behind there.
     delete matching_owner;
 }
@@ -95,13 +98,12 @@ void CooTrans::update_widgets_from_data()
 
 void CooTrans::beautifyRotMatrix(double* m) { beautify_rotation(m); }
 
-/// The rotation that the angle boxes stand for, in the order of the record.
-void CooTrans::rotationFromControls(double* words)
+/// The elements of the record that the angle boxes stand for.
+void CooTrans::rotationFromControls(double* elements)
 {
-    _angles2matrix(words, ui.doubleSpinBox_rx->value(), ui.doubleSpinBox_ry->value(),
-                   ui.doubleSpinBox_rz->value());
-    beautifyRotMatrix(words);
-    transpose_rotation(words);
+    angles_to_rotation(ui.doubleSpinBox_rx->value(), ui.doubleSpinBox_ry->value(),
+                       ui.doubleSpinBox_rz->value(), elements);
+    beautifyRotMatrix(elements);
 }
 
 void CooTrans::updateGlobalData()
@@ -119,10 +121,10 @@ bool CooTrans::controlValuesEqualsGlobalData()
           && ra_data->translation[1] == -ui.doubleSpinBox_y->value()
           && ra_data->translation[2] == -ui.doubleSpinBox_z->value()))
         return false;
-    double words[9];
-    rotationFromControls(words);
+    double elements[9];
+    rotationFromControls(elements);
     for (int i = 0; i < 9; ++i)
-        if (!(std::trunc(words[i] * equality_digits)
+        if (!(std::trunc(elements[i] * equality_digits)
               == std::trunc(ra_data->rotation[i] * equality_digits)))
             return false;
     return true;
@@ -254,7 +256,7 @@ void CooTrans::resetScalingFactorLimitations()
 void CooTrans::readScalingFactor()
 {
     double scaling = 1.0;
-    if (io_manager->get_param_double(&scaling, vocabulary::extra_scaling) == 0)
+    if (query_number(io_manager, &scaling, vocabulary::extra_scaling))
         ui.doubleSpinBox_scalingFactor->setValue(scaling);
 }
 
@@ -278,6 +280,8 @@ int CooTrans::set_ascii_data(const char* line_type, const char* line)
 
 void CooTrans::on_pushButton_helpView_clicked()
 {
-    HelpDialog help(this);
-    help.exec();
+    // Not on the stack: whoever deletes this tab deletes the help as well.
+    const QPointer<HelpDialog> help(new HelpDialog(this));
+    help->exec();
+    delete help;
 }

@@ -4,11 +4,12 @@
 
 #include "SourceFiles/abcGLCanvas.h"
 #include "controller/extratransformation.h"
+#include "controller/queries.h"
 #include "controller/roomadjustmentdata.h"
+#include "controller/trackingcontrol.h"
 #include "controller/versiongates.h"
 #include "controller/vocabulary.h"
 #include "matching/abcmatchingdialog.h"
-#include "module/roomadjustmentdlg.h"
 
 #include <QMessageBox>
 
@@ -16,29 +17,76 @@
 
 using vocabulary::show_error;
 
+namespace
+{
+
+void write_default(IOManager* io_manager)
+{
+    if (io_manager->set_param_value(vocabulary::set_default_rotation) != 0)
+        show_error(io_manager, vocabulary::cannot_set_default_rotation);
+    if (io_manager->set_param_value(vocabulary::set_default_translation) != 0)
+        show_error(io_manager, vocabulary::cannot_set_default_translation);
+    if (io_manager->set_param_value(vocabulary::set_default_scaling) != 0)
+        show_error(io_manager, vocabulary::cannot_set_default_scaling);
+}
+
+} // namespace
+
 void CooTrans::on_w_bodyMatchingButton_clicked()
 {
-    if (!controlValuesEqualsGlobalData()) {
-        const QString text = tr("You have unsaved data. Save changes?\n\n"
-                                "(If yes press 'Apply' and re-open matching)");
-        if (QMessageBox::warning(this, tr("Room Adjustment"), text,
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-            == QMessageBox::Yes)
-            return;
-        gl_canvas->unloadRoom();
-        loadRoom();
-    }
+    const QPointer<CooTrans> self(this);
+    if (round_trip || !mayLoseEdits() || !self)
+        return;
+    round_trip = true;
+    trip_needs_window = isWindowOpen();
     saveOldExtraTrafoAndSet2Default();
+    if (!self)
+        return;
     reset_saved_pos();
     reset_saved_angles();
-    matching_dialog->update_and_exec();
+    if (matching_owner && !isWindowClosed())
+        matching_dialog->update_and_exec();
+    if (!self)
+        return;
     update_enabled = false;
     update_widgets_from_data();
     update_enabled = true;
     save_actual_pos();
     save_actual_angles();
     restoreOldExtraTrafo();
+    if (!self)
+        return;
+    round_trip = false;
+    trip_needs_window = false;
 }
+
+/// Asks before unsaved numbers give way to the record. False if the user keeps them, and if the
+/// dialog has been closed or deleted when the answer comes.
+bool CooTrans::mayLoseEdits()
+{
+    if (controlValuesEqualsGlobalData())
+        return true;
+    const QPointer<CooTrans> self(this);
+    const bool was_open = isWindowOpen();
+    const QString text = tr("You have unsaved data. Save changes?\n\n"
+                            "(If yes press 'Apply' and re-open matching)");
+    // Not on the stack: whoever deletes this tab deletes the box as well.
+    const QPointer<QMessageBox> box(new QMessageBox(QMessageBox::Warning, tr("Room Adjustment"),
+                                                    text, QMessageBox::Yes | QMessageBox::No,
+                                                    this));
+    box->setDefaultButton(QMessageBox::No);
+    const int answer = box->exec();
+    delete box;
+    if (!self || answer != QMessageBox::No || isWindowOpen() != was_open)
+        return false;
+    gl_canvas->unloadRoom();
+    loadRoom();
+    return true;
+}
+
+bool CooTrans::isWindowOpen() const { return dialog && dialog->isVisible(); }
+
+bool CooTrans::isWindowClosed() const { return trip_needs_window && !isWindowOpen(); }
 
 void CooTrans::setOldExtraTrafo(const RoomAdjustmentData& data)
 {
@@ -56,15 +104,15 @@ bool CooTrans::oldTrafoIsDefault() const
 bool CooTrans::readOldExtraTrafo()
 {
     RoomAdjustmentData read;
-    if (io_manager->get_param_doubles(read.translation, 3, vocabulary::extra_translation) != 0) {
+    if (!query_numbers(io_manager, read.translation, 3, vocabulary::extra_translation)) {
         show_error(io_manager, vocabulary::cannot_get_translation);
         return false;
     }
-    if (io_manager->get_param_doubles(read.rotation, 9, vocabulary::extra_rotation) != 0) {
+    if (!query_numbers(io_manager, read.rotation, 9, vocabulary::extra_rotation)) {
         show_error(io_manager, vocabulary::cannot_get_rotation);
         return false;
     }
-    if (io_manager->get_param_double(&read.scaling, vocabulary::extra_scaling) != 0) {
+    if (!query_number(io_manager, &read.scaling, vocabulary::extra_scaling)) {
         show_error(io_manager, vocabulary::cannot_get_scaling);
         return false;
     }
@@ -79,14 +127,13 @@ void CooTrans::saveOldExtraTrafoAndSet2Default()
         return;
     if (!readOldExtraTrafo() || oldTrafoIsDefault() || !dialog)
         return;
-    dialog->stop_tracking();
-    if (io_manager->set_param_value(vocabulary::set_default_rotation) != 0)
-        show_error(io_manager, vocabulary::cannot_set_default_rotation);
-    if (io_manager->set_param_value(vocabulary::set_default_translation) != 0)
-        show_error(io_manager, vocabulary::cannot_set_default_translation);
-    if (io_manager->set_param_value(vocabulary::set_default_scaling) != 0)
-        show_error(io_manager, vocabulary::cannot_set_default_scaling);
-    dialog->start_tracking();
+    const QPointer<CooTrans> self(this);
+    stop_tracking(io_manager);
+    if (!self)
+        return;
+    write_default(io_manager);
+    if (self && !isWindowClosed())
+        start_tracking(io_manager);
 }
 
 void CooTrans::restoreOldExtraTrafo()
@@ -94,7 +141,19 @@ void CooTrans::restoreOldExtraTrafo()
     if (oldTrafoIsDefault() || !passes(*backend_versions, version_gate::extra_transformation)
         || !dialog)
         return;
-    dialog->stop_tracking();
+    const QPointer<CooTrans> self(this);
+    stop_tracking(io_manager);
+    if (!self)
+        return;
+    writeOldExtraTrafo();
+    if (self && !isWindowClosed())
+        start_tracking(io_manager);
+}
+
+/// Touches no member after the first word to the controller: its host may show a message meanwhile,
+/// and this tab may be deleted behind it.
+void CooTrans::writeOldExtraTrafo()
+{
     RoomAdjustmentData old;
     std::copy(old_translation, old_translation + 3, old.translation);
     std::copy(old_rotation, old_rotation + 9, old.rotation);
@@ -103,7 +162,6 @@ void CooTrans::restoreOldExtraTrafo()
                                     vocabulary::cannot_restore_translation,
                                     vocabulary::cannot_restore_scaling};
     write_extra_transformation(io_manager, old, messages);
-    dialog->start_tracking();
 }
 
 void CooTrans::applyTrafo(const bsMatrix& matrix)

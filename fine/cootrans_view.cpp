@@ -1,4 +1,4 @@
-// The fine tab's 3D view: its widgets, connections, colours and context menu.
+// The fine tab's 3D view: its widgets, connections, colors and context menu.
 #include "fine/cootrans.h"
 
 #include "SourceFiles/abcGLCanvas.h"
@@ -11,8 +11,8 @@
 namespace
 {
 
-const double view_position_limit = 999.99;
-const double reference_distance = 300.0; // mm; the view distance at a scale factor of 1
+constexpr double view_position_limit = 999.99;
+constexpr double reference_distance = 300.0; // mm; the view distance at a scale factor of 1
 const QColor axis_colors[] = {QColor(200, 0, 0), QColor(0, 200, 0), QColor(0, 0, 200)};
 
 void set_text_color(QWidget* widget, const QColor& color)

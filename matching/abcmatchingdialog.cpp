@@ -1,6 +1,7 @@
 // The matching dialog's life: construction, opening with its tool list, closing, accessors.
 #include "matching/abcmatchingdialog.h"
 
+#include "controller/queries.h"
 #include "controller/vocabulary.h"
 #include "matching/matchinghelp.h"
 #include "tracking/zetrakparser.h"
@@ -8,6 +9,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPixmap>
+#include <QPointer>
 #include <QResizeEvent>
 
 using vocabulary::show_error;
@@ -34,7 +36,8 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager* io_manager, BackendVersions* bac
       parent_widget(parent), meatool_count(0), meatool_available(false),
       measurement_duration(default_duration), meatool_id(-1), meatool_tracked(false),
       line_buffer(nullptr), parser(nullptr), dialog_live(false), max_deviation(default_deviation),
-      elapsed_time(0.0), meatool_combo_index(0)
+      elapsed_time(0.0), meatool_combo_index(0), samples_lost(false), start_pending(false),
+      start_running(false), reference_table_reactions(0), evaluations(0)
 {
     for (std::atomic<double>& component : mean_position)
         component = 0.0;
@@ -44,7 +47,8 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager* io_manager, BackendVersions* bac
     status_timer.setInterval(status_interval_ms);
 
     connect(&status_timer, SIGNAL(timeout()), this, SLOT(showTrackingStatus()));
-    connect(this, SIGNAL(startTipMea()), this, SLOT(on_w_measureButton_clicked()));
+    // Whatever thread the line came from: the slot decides what is queued.
+    connect(this, SIGNAL(startTipMea()), this, SLOT(requestStart()), Qt::DirectConnection);
     connect(this, SIGNAL(do_updateProgressbar(const double&)), this,
             SLOT(updateProgressbar(const double&)));
     connect(this, SIGNAL(do_addMeasuredPoint()), this, SLOT(addMeasuredPoint()));
@@ -57,16 +61,25 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager* io_manager, BackendVersions* bac
 
 AbcMatchingDialog::~AbcMatchingDialog()
 {
+    // Ended by a loop within the reaction to a changed cell: Qt is not done with the table then.
+    if (reference_table_reactions > 0)
+        ui.tableWidget_referencePoints->setParent(nullptr);
     delete parser;
     delete[] line_buffer;
 }
 
 int AbcMatchingDialog::update_and_exec()
 {
+    const QPointer<AbcMatchingDialog> self(this);
     meatool_available = false;
-    meatool_available = isMeaToolAvailable();
+    const bool available = isMeaToolAvailable();
+    if (!self)
+        return Rejected;
+    meatool_available = available;
     showAvailability();
     update_comboBox_meatool();
+    if (!self)
+        return Rejected;
     enable_disable_pushButton_save();
     enableDisableRemoveRefPoint();
     enableDisableRemoveMeaPoint();
@@ -94,16 +107,18 @@ void AbcMatchingDialog::showAvailability()
 bool AbcMatchingDialog::isMeaToolAvailable()
 {
     int count = 0;
-    if (io_manager->get_param_int(&count, vocabulary::number_of_tools) != 0) {
-        meatool_count = 0;
+    meatool_count = 0;
+    if (!query_count(io_manager, &count, vocabulary::number_of_tools)) {
         show_error(io_manager, vocabulary::cannot_get_tool_count);
         return false;
     }
     meatool_count = count;
-    for (int tool = 1; tool <= count; ++tool)
-        if (isTipCalibrated(tool))
-            return true;
-    return false;
+    // A message of the host may run an event loop, in which this dialog ends.
+    const QPointer<AbcMatchingDialog> self(this);
+    bool calibrated = false;
+    for (int tool = 1; self && !calibrated && tool <= count; ++tool)
+        calibrated = isTipCalibrated(tool);
+    return calibrated;
 }
 
 /// A failed query has its message and counts as no.
@@ -123,9 +138,14 @@ void AbcMatchingDialog::update_comboBox_meatool()
     ui.comboBox_meatool->setEnabled(meatool_available);
     if (!meatool_available)
         return;
-    for (int tool = 1; tool <= meatool_count; ++tool)
-        if (isTipCalibrated(tool))
+    const QPointer<AbcMatchingDialog> self(this);
+    for (int tool = 1; tool <= meatool_count; ++tool) {
+        const bool calibrated = isTipCalibrated(tool);
+        if (!self)
+            return;
+        if (calibrated)
             ui.comboBox_meatool->addItem(QString::fromLatin1("M%1").arg(tool), tool);
+    }
     const int items = ui.comboBox_meatool->count();
     if (items == 0)
         return;
@@ -157,6 +177,7 @@ void AbcMatchingDialog::showTrackingStatus()
 void AbcMatchingDialog::on_pushButton_help_clicked()
 {
     MatchingHelp help(nullptr);
+    connect(this, SIGNAL(destroyed()), &help, SLOT(reject()));
     help.exec();
 }
 
@@ -174,14 +195,19 @@ void AbcMatchingDialog::onRPSelected(int) { emit updateRequest(); }
 
 void AbcMatchingDialog::keyPressEvent(QKeyEvent* event)
 {
+    const bool is_return = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape)
         close();
-    else
+    else if (!is_return || !isEditing()) // there it only ends the editing
         QDialog::keyPressEvent(event);
 }
 
 void AbcMatchingDialog::closeEvent(QCloseEvent*)
 {
+    const QPointer<AbcMatchingDialog> self(this);
+    finishEditing();
+    if (!self)
+        return;
     if (status_timer.isActive())
         status_timer.stop();
     dialog_live = false;

@@ -118,6 +118,10 @@ public slots:
     void setTrafoText(const QString& text);
     void resizeEvent(QResizeEvent* event);
 
+private slots:
+    void requestStart();
+    void makePendingStart();
+
 private:
     enum
     {
@@ -145,7 +149,12 @@ private:
     void setPoint_tableWidget_measuredPoints(const bsVector& point);
     void updateRefPointsVector();
     void replaceReferencePoints(const std::vector<bsVector>& points);
-    bool confirmRemoval(int row);
+    bool isEditing() const;
+    void finishEditing();
+    void takeCell(QTableWidgetItem* item);
+    bool confirmRemoval(const QString& question);
+    QString loadFile(const QByteArray& path);
+    bool confirmOverwriting(const QString& file_name);
     void enable_disable_pushButton_save();
     void enableDisableRemoveRefPoint();
     void enableDisableRemoveMeaPoint();
@@ -154,8 +163,10 @@ private:
 
     // Data path.
     void takeSample(const double* location);
+    void loseSamples();
     void finishMeasurement();
-    void judgeMeasurement();
+    void announce(double variance, double standard_deviation);
+    void startMeasurement();
 
     Ui_AbcMatchingDialogClass ui;
     IOManager* io_manager;
@@ -179,6 +190,11 @@ private:
     std::vector<bsVector> reference_points;
     std::vector<bsVector> measured_points;
     std::vector<bsVector> transformed_points;
+    bool samples_lost;               ///< the measurement had too many; for the data path alone
+    std::atomic<bool> start_pending; ///< a start is queued, or runs from the queue
+    bool start_running;
+    int reference_table_reactions; ///< calls of the reaction to a changed cell that have not ended
+    unsigned int evaluations;      ///< so far
 };
 
 #endif

@@ -20,6 +20,7 @@ PointRows rows(const std::vector<bsVector>& points)
 
 void AbcMatchingDialog::checkTrafo()
 {
+    ++evaluations;
     enableApply(false);
     transformed_points.clear();
     PairingResult result;

@@ -1,26 +1,39 @@
 // Loading and saving the matching dialog's reference points.
 #include "matching/abcmatchingdialog.h"
 
+#include "matching/filesafety.h"
+#include "matching/modalbox.h"
 #include "matching/referencepointfile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QMessageBox>
+#include <QFileInfo>
+#include <QPointer>
 
 #include <fstream>
 
 namespace
 {
 
-/// Opens a file whose name is Latin-1 text, or failing that, in the file system's own encoding.
-void open_input(std::ifstream& stream, const QString& file_name)
+/// A path is Latin-1 text, or failing that, in the file system's own encoding.
+QByteArray existing_path(const QString& file_name)
 {
-    stream.open(file_name.toLatin1().constData());
-    if (stream.is_open())
-        return;
-    stream.clear();
-    stream.open(QFile::encodeName(file_name).constData());
+    const QByteArray latin1 = file_name.toLatin1();
+    return kind_of_file(latin1) != file_missing ? latin1 : QFile::encodeName(file_name);
+}
+
+QByteArray table_text(const QTableWidget* table)
+{
+    QByteArray text;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        QString cells[3];
+        for (int column = 0; column < 3; ++column)
+            if (const QTableWidgetItem* item = table->item(row, column))
+                cells[column] = item->text();
+        text += reference_point_line(row + 1, cells[0], cells[1], cells[2]).toLatin1();
+    }
+    return text;
 }
 
 } // namespace
@@ -29,47 +42,74 @@ void AbcMatchingDialog::on_w_loadButton_clicked() { load(); }
 
 void AbcMatchingDialog::load()
 {
-    const QString file_name =
-        QFileDialog::getOpenFileName(this, tr("Open reference points file..."), QDir::homePath(),
-                                     tr("Text files (*.txt);; All files (*)"));
+    QFileDialog* box = new QFileDialog(this, tr("Open reference points file..."), QDir::homePath(),
+                                       tr("Text files (*.txt);; All files (*)"));
+    box->setFileMode(QFileDialog::ExistingFile);
+    const QString file_name = choose_file(box);
     if (file_name.isEmpty())
         return;
-    std::ifstream stream;
-    open_input(stream, file_name);
+    const QString failure = loadFile(existing_path(file_name));
+    if (!failure.isEmpty())
+        show_box(this, QMessageBox::Warning, tr("Error loading file"), failure);
+}
+
+/// Takes over the file's points; otherwise returns what to tell the user. A file that cannot be
+/// opened is passed over without a word.
+QString AbcMatchingDialog::loadFile(const QByteArray& path)
+{
+    if (kind_of_file(path) == file_special)
+        return tr("It is not a regular file.");
+    std::ifstream stream(path.constData());
     if (!stream.is_open())
-        return;
+        return QString();
     std::vector<bsVector> points;
-    if (!read_reference_points(stream, points)) {
-        QMessageBox::warning(this, tr("Error loading file"), tr("Unknown format !"),
-                             QMessageBox::Ok);
-        return;
+    ReferenceFileSource source;
+    if (read_reference_points(stream, points, &source)) {
+        replaceReferencePoints(points);
+        return QString();
     }
-    replaceReferencePoints(points);
+    const bool too_many = source.points.size() > reference_file_max_points;
+    return too_many ? tr("More than %1 points do not fit into the table.")
+                          .arg(int(reference_file_max_points))
+                    : tr("Unknown format !");
 }
 
 void AbcMatchingDialog::on_pushButton_save_clicked()
 {
-    const QTableWidget* table = ui.tableWidget_referencePoints;
-    if (table->rowCount() == 0) {
-        QMessageBox::critical(this, tr("Save"), tr("Nothing to save."), QMessageBox::Ok);
+    if (ui.tableWidget_referencePoints->rowCount() == 0) {
+        show_box(this, QMessageBox::Critical, tr("Save"), tr("Nothing to save."));
         return;
     }
-    QString file_name = QFileDialog::getSaveFileName(this, tr("Save reference points"),
-                                                     QDir::homePath(), tr("Text file (*.txt)"));
+    const QPointer<AbcMatchingDialog> self(this);
+    finishEditing();
+    if (!self)
+        return;
+    QFileDialog* box = new QFileDialog(this, tr("Save reference points"), QDir::homePath(),
+                                       tr("Text file (*.txt)"));
+    box->setAcceptMode(QFileDialog::AcceptSave);
+    // Asked here instead, about the name with its extension.
+    box->setOption(QFileDialog::DontConfirmOverwrite);
+    QString file_name = choose_file(box);
     if (file_name.isEmpty())
         return;
     addTxtExtension(file_name);
-    QFile file(file_name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+    if (!confirmOverwriting(file_name))
         return;
-    for (int row = 0; row < table->rowCount(); ++row) {
-        QString cells[3];
-        for (int column = 0; column < 3; ++column)
-            if (const QTableWidgetItem* item = table->item(row, column))
-                cells[column] = item->text();
-        file.write(reference_point_line(row + 1, cells[0], cells[1], cells[2]).toLatin1());
-    }
-    file.close();
+    const QString failure = save_file(file_name, table_text(ui.tableWidget_referencePoints));
+    if (!failure.isEmpty())
+        show_box(this, QMessageBox::Critical, tr("Save"),
+                 tr("The file '%1' could not be written:\n%2").arg(file_name, failure));
+}
+
+/// False on No, and after the end of this dialog.
+bool AbcMatchingDialog::confirmOverwriting(const QString& file_name)
+{
+    return !QFile::exists(file_name)
+           || show_box(this, QMessageBox::Warning, tr("Save"),
+                       tr("%1 already exists.\nDo you want to replace it?")
+                           .arg(QFileInfo(file_name).fileName()),
+                       QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+                  == QMessageBox::Yes;
 }
 
 void AbcMatchingDialog::addTxtExtension(QString& fileName) { add_txt_extension(fileName); }

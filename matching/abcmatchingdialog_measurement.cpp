@@ -4,9 +4,13 @@
 // widget. The slots run on the GUI thread.
 #include "matching/abcmatchingdialog.h"
 
+#include "controller/queries.h"
 #include "controller/vocabulary.h"
 #include "tracking/zetrakdatatypes.h"
 #include "tracking/zetrakparser.h"
+
+#include <QPointer>
+#include <QThread>
 
 #include <algorithm>
 #include <cmath>
@@ -23,8 +27,9 @@ const double steps_per_second = 100.0; // of the progress bar
 const int measuring_flag = 0;          // button of the tool
 const int first_start_button = 1;
 const int last_start_button = 3;
-// Hours at any real data rate; a flag that never falls must not eat the memory.
-const std::size_t most_samples = 1 << 20;
+// Many minutes at any real data rate; a flag that never falls must not eat the memory.
+const std::size_t most_samples = 100000;
+const std::size_t most_measured_points = 1000; // a fit takes far fewer
 
 /// Progress bar units, bounded to what an int holds whatever the controller says.
 int progress_steps(double seconds)
@@ -48,6 +53,8 @@ int AbcMatchingDialog::set_ascii_data(const char* line_type, const char* line)
 {
     if (!parser)
         return -1;
+    if (!line_type || !line)
+        return -2;
     const void* end = std::memchr(line, '\0', line_buffer_size);
     if (!end)
         return -2;
@@ -57,8 +64,9 @@ int AbcMatchingDialog::set_ascii_data(const char* line_type, const char* line)
         return -2;
     if (std::strncmp(line_type, "6dmt ", 5) == 0)
         return 0;
-    const int count = meatool_count;
-    for (int i = 0; i < count && i < parser->getNumMeaTool(); ++i)
+    // On the GUI thread, the slots behind the signals may end this dialog.
+    const QPointer<AbcMatchingDialog> self(this);
+    for (int i = 0; self && i < meatool_count && i < parser->getNumMeaTool(); ++i)
         analyse_data(i);
     return 0;
 }
@@ -99,11 +107,16 @@ void AbcMatchingDialog::analyse_data(int index)
 
 void AbcMatchingDialog::takeSample(const double* location)
 {
+    if (samples.size() >= most_samples) {
+        loseSamples();
+        return;
+    }
+    if (samples_lost)
+        return;
     Pos3dTime sample;
     sample.time_stamp = parser->getTimeStamp();
     sample.position = bsVector(location);
-    if (samples.size() < most_samples)
-        samples.push_back(sample);
+    samples.push_back(sample);
     if (samples.size() > 1) {
         elapsed_time = samples.back().time_stamp - samples.front().time_stamp;
         emit do_updateProgressbar(elapsed_time);
@@ -112,26 +125,46 @@ void AbcMatchingDialog::takeSample(const double* location)
     }
 }
 
+/// Gives the measurement up; nothing more is collected until the tool's flag falls.
+void AbcMatchingDialog::loseSamples()
+{
+    samples.clear();
+    elapsed_time = 0.0;
+    samples_lost = true;
+    emit do_setTrafoText(
+        QString::fromLatin1("Measurement failed :\nThe tool went on measuring for more than %1 "
+                            "samples.")
+            .arg(most_samples));
+}
+
 /// Reached by every line without a sample: judges what was collected, if anything, and starts anew.
 void AbcMatchingDialog::finishMeasurement()
 {
     // Without a sample there is nothing to judge, even if the controller names no duration at all.
-    if (elapsed_time >= measurement_duration && !samples.empty())
-        judgeMeasurement();
-    else if (elapsed_time > 0.0)
-        // Too short: the tool was lost, or its flag fell early. The text is the same for all.
-        emit do_setTrafoText(
-            QString::fromLatin1("Measurement failed :\nTip moved too much during measurement"));
-    samples.clear();
-    elapsed_time = 0.0;
-    emit do_updateProgressbar(0.0);
-}
-
-void AbcMatchingDialog::judgeMeasurement()
-{
+    const bool is_full_length = elapsed_time >= measurement_duration && !samples.empty();
+    const bool is_interrupted = !is_full_length && elapsed_time > 0.0;
     double variance = 0.0;
     double standard_deviation = 0.0;
-    calcMeanPos(variance, standard_deviation);
+    if (is_full_length)
+        calcMeanPos(variance, standard_deviation);
+    // All is at rest again before the slots run: on the GUI thread, one of them may run an event
+    // loop, in which the next lines arrive.
+    samples.clear();
+    samples_lost = false;
+    elapsed_time = 0.0;
+    const QPointer<AbcMatchingDialog> self(this);
+    if (is_full_length)
+        announce(variance, standard_deviation);
+    else if (is_interrupted)
+        // The tool was lost, or its flag fell early. The text is the same for all.
+        emit do_setTrafoText(
+            QString::fromLatin1("Measurement failed :\nTip moved too much during measurement"));
+    if (self)
+        emit do_updateProgressbar(0.0);
+}
+
+void AbcMatchingDialog::announce(double variance, double standard_deviation)
+{
     if (standard_deviation <= max_deviation) {
         emit do_setTrafoText(QString());
         emit do_addMeasuredPoint();
@@ -169,27 +202,60 @@ double AbcMatchingDialog::getMaxDeviation()
 {
     double deviation = default_deviation;
     const int tool = meatool_id;
-    if (io_manager->get_param_double(&deviation, vocabulary::tip_tolerance, tool) == 0)
+    if (query_number(io_manager, &deviation, vocabulary::tip_tolerance, tool))
         return deviation;
     show_error(io_manager, vocabulary::cannot_get_tip_tolerance);
     return default_deviation;
 }
 
+/// Every line with a button held down asks for a start. Lines from another thread would queue more
+/// of them than can be made, as each waits for the controller three times: only one is queued at a
+/// time.
+void AbcMatchingDialog::requestStart()
+{
+    if (QThread::currentThread() == thread())
+        on_w_measureButton_clicked();
+    else if (!start_pending.exchange(true))
+        QMetaObject::invokeMethod(this, "makePendingStart", Qt::QueuedConnection);
+}
+
+void AbcMatchingDialog::makePendingStart()
+{
+    const QPointer<AbcMatchingDialog> self(this);
+    on_w_measureButton_clicked();
+    if (self)
+        start_pending = false;
+}
+
 void AbcMatchingDialog::on_w_measureButton_clicked()
 {
-    if (ui.comboBox_meatool->currentIndex() < 0)
+    // A message of the host may run an event loop, in which the button is still held.
+    if (start_running || ui.comboBox_meatool->currentIndex() < 0)
         return;
+    const QPointer<AbcMatchingDialog> self(this);
+    start_running = true;
+    startMeasurement();
+    if (self)
+        start_running = false;
+}
+
+/// This dialog may end in here.
+void AbcMatchingDialog::startMeasurement()
+{
     const int tool = meatool_id;
     double duration = default_duration;
-    if (io_manager->get_param_double(&duration, vocabulary::measurement_duration, tool) != 0)
-        duration = default_duration;
+    query_number(io_manager, &duration, vocabulary::measurement_duration, tool);
     measurement_duration = duration;
     ui.progressBar->setMinimum(0);
     ui.progressBar->setMaximum(progress_steps(duration));
     ui.progressBar->setValue(0);
     // The status timer enables it again at its next tick if the tool is tracked.
     ui.w_measureButton->setEnabled(false);
-    max_deviation = getMaxDeviation();
+    const QPointer<AbcMatchingDialog> self(this);
+    const double deviation = getMaxDeviation();
+    if (!self)
+        return;
+    max_deviation = deviation;
     char reply[IOManager::buffer_size] = "";
     if (io_manager->send_command(reply, vocabulary::start_measurement, tool) != 0)
         show_error(io_manager, vocabulary::cannot_start_measurement);
@@ -204,9 +270,14 @@ void AbcMatchingDialog::addMeasuredPoint()
             measured_points[row] = point;
             setPoint_tableWidget_measuredPoints(point);
         }
-    } else {
+    } else if (measured_points.size() < most_measured_points) {
         measured_points.push_back(point);
         addPoint_tableWidget_measuredPoints(point);
+    } else {
+        setTrafoText(QString::fromLatin1("Measurement failed :\nThe table holds no more than %1 "
+                                         "points.")
+                         .arg(most_measured_points));
+        return;
     }
     enableDisableRemoveMeaPoint();
     enableDisableClearMeaPoints();

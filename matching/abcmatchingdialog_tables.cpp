@@ -1,9 +1,11 @@
 // The matching dialog's two tables, and which buttons their content allows.
 #include "matching/abcmatchingdialog.h"
 
+#include "matching/modalbox.h"
+#include "matching/referencepointfile.h"
 #include "platform/headersections.h"
 
-#include <QMessageBox>
+#include <QPointer>
 #include <QStringList>
 
 namespace
@@ -23,30 +25,29 @@ void setup_table(QTableWidget* table, const QStringList& headers)
     table->horizontalHeader()->setStretchLastSection(true);
     // Otherwise a large font makes the rows higher.
     table->verticalHeader()->setMinimumSectionSize(row_height);
+    table->verticalHeader()->setDefaultSectionSize(row_height);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 QString cell_text(double value) { return QString::number(value, 'f', 2); }
 
-/// Also fills a row that lost its cells.
 void set_row(QTableWidget* table, int row, const bsVector& point)
 {
     const double values[columns] = {point.x, point.y, point.z};
     for (int column = 0; column < columns; ++column) {
-        if (!table->item(row, column)) {
-            table->setItem(row, column, new QTableWidgetItem);
-            table->item(row, column)->setTextAlignment(Qt::AlignRight);
-        }
-        table->item(row, column)->setText(cell_text(values[column]));
+        QTableWidgetItem* item = new QTableWidgetItem(cell_text(values[column]));
+        item->setTextAlignment(Qt::AlignRight);
+        table->setItem(row, column, item);
     }
 }
 
+/// Shows the new row and selects nothing.
 void append_row(QTableWidget* table, const bsVector& point)
 {
     const int row = table->rowCount();
     table->insertRow(row);
-    table->setRowHeight(row, row_height);
     set_row(table, row, point);
+    table->scrollToBottom();
 }
 
 /// Reads a row of cells; false unless all three are numbers.
@@ -117,11 +118,15 @@ void AbcMatchingDialog::updateRefPointsVector()
 
 void AbcMatchingDialog::replaceReferencePoints(const std::vector<bsVector>& points)
 {
+    QTableWidget* table = ui.tableWidget_referencePoints;
+    const bool was_live = dialog_live;
     reference_points = points;
-    ui.tableWidget_referencePoints->clearContents();
-    ui.tableWidget_referencePoints->setRowCount(0);
-    for (const bsVector& point : points)
-        addPoint_tableWidget_referencePoints(point);
+    dialog_live = false;
+    table->clearContents();
+    table->setRowCount(static_cast<int>(points.size()));
+    for (std::size_t row = 0; row < points.size(); ++row)
+        set_row(table, static_cast<int>(row), points[row]);
+    dialog_live = was_live || !points.empty();
     enable_disable_pushButton_save();
     enableDisableRemoveRefPoint();
     checkTrafo();
@@ -129,6 +134,12 @@ void AbcMatchingDialog::replaceReferencePoints(const std::vector<bsVector>& poin
 
 void AbcMatchingDialog::on_pushButton_addRefPoint_clicked()
 {
+    if (ui.tableWidget_referencePoints->rowCount() >= reference_file_max_points) {
+        show_box(this, QMessageBox::Warning, tr("Warning"),
+                 tr("More than %1 points do not fit into the table.")
+                     .arg(int(reference_file_max_points)));
+        return;
+    }
     addPoint_tableWidget_referencePoints(bsVector(0.0, 0.0, 0.0));
     updateRefPointsVector();
     checkTrafo();
@@ -143,22 +154,62 @@ void AbcMatchingDialog::on_tableWidget_referencePoints_itemChanged(QTableWidgetI
 {
     if (!dialog_live)
         return;
+    const QPointer<AbcMatchingDialog> self(this);
+    QTableWidget* table = ui.tableWidget_referencePoints;
+    ++reference_table_reactions;
+    takeCell(item);
+    if (self)
+        --reference_table_reactions;
+    else
+        table->deleteLater(); // left over by the destructor
+}
+
+/// Brings the cell into the form of a number and evaluates. This dialog may end in here.
+void AbcMatchingDialog::takeCell(QTableWidgetItem* item)
+{
+    const QPointer<AbcMatchingDialog> self(this);
+    const unsigned int evaluations_before = evaluations;
     const QString typed = item->text();
     QString text = typed;
     const bool is_number = adjustNumStrTo2Digits(text);
     // Emits the signal again if the text changes: a nested run then does the same once more.
     item->setText(text);
-    if (!is_number)
-        QMessageBox::critical(this, tr("Error"), tr("'%1' is not a number!").arg(typed),
-                              QMessageBox::Ok);
+    if (self && !is_number)
+        show_box(this, QMessageBox::Critical, tr("Error"), tr("'%1' is not a number!").arg(typed));
+    if (!self)
+        return;
+    const std::vector<bsVector> points_before = reference_points;
     updateRefPointsVector();
-    checkTrafo();
+    // The nested run may have evaluated these points already, which can take long.
+    if (evaluations == evaluations_before || reference_points != points_before)
+        checkTrafo();
 }
 
-bool AbcMatchingDialog::confirmRemoval(int row)
+bool AbcMatchingDialog::isEditing() const
 {
-    return QMessageBox::warning(this, tr("Warning"), tr("Remove row %1?").arg(row + 1),
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+    const QTableWidget* table = ui.tableWidget_referencePoints;
+    return table->indexWidget(table->currentIndex()) != nullptr;
+}
+
+/// The text of an open cell editor counts as entered. This dialog may end in here.
+void AbcMatchingDialog::finishEditing()
+{
+    const QPointer<AbcMatchingDialog> self(this);
+    QTableWidget* table = ui.tableWidget_referencePoints;
+    const QPointer<QWidget> editor = table->indexWidget(table->currentIndex());
+    if (editor)
+        QMetaObject::invokeMethod(table, "commitData", Q_ARG(QWidget*, editor));
+    if (self && editor)
+        QMetaObject::invokeMethod(
+            table, "closeEditor", Q_ARG(QWidget*, editor),
+            Q_ARG(QAbstractItemDelegate::EndEditHint, QAbstractItemDelegate::NoHint));
+}
+
+/// False on No, and after the end of this dialog.
+bool AbcMatchingDialog::confirmRemoval(const QString& question)
+{
+    return show_box(this, QMessageBox::Warning, tr("Warning"), question,
+                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
            == QMessageBox::Yes;
 }
 
@@ -169,10 +220,10 @@ void AbcMatchingDialog::on_pushButton_removeRefPoint_clicked()
         return;
     const int row = table->currentRow();
     if (row < 0) {
-        QMessageBox::information(this, tr("Remove"), tr("Nothing selected."), QMessageBox::Ok);
+        show_box(this, QMessageBox::Information, tr("Remove"), tr("Nothing selected."));
         return;
     }
-    if (!confirmRemoval(row))
+    if (!confirmRemoval(tr("Remove row %1?").arg(row + 1)))
         return;
     table->removeRow(row);
     enable_disable_pushButton_save();
@@ -189,7 +240,7 @@ void AbcMatchingDialog::on_tableWidget_measuredPoints_itemSelectionChanged()
 void AbcMatchingDialog::on_w_removeButton_clicked()
 {
     const int row = ui.tableWidget_measuredPoints->currentRow();
-    if (row >= 0 && confirmRemoval(row))
+    if (row >= 0 && confirmRemoval(tr("Remove row %1?").arg(row + 1)))
         remove();
 }
 
@@ -209,10 +260,7 @@ void AbcMatchingDialog::remove()
 void AbcMatchingDialog::on_pushButton_clearMeaPoints_clicked()
 {
     QTableWidget* table = ui.tableWidget_measuredPoints;
-    if (table->rowCount() == 0
-        || QMessageBox::warning(this, tr("Warning"), tr("Remove all measured points?"),
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-               != QMessageBox::Yes)
+    if (table->rowCount() == 0 || !confirmRemoval(tr("Remove all measured points?")))
         return;
     table->clearContents();
     table->setRowCount(0);

@@ -14,7 +14,8 @@ namespace
 const char* const keys[3] = {"Documentation_mPos[3][0]", "Documentation_mPos[3][1]",
                              "Documentation_mPos[3][2]"};
 const std::size_t key_length = 24;
-const double missing_coordinate = -999.0;
+const double missing_coordinate = -999.0; // in mm
+const float cell_range = 2147483648.0f;   // in mm; `repair_number` takes less
 
 // sscanf reads numbers by the locale of its thread.
 class CNumbers
@@ -35,6 +36,9 @@ bool begins_with(const char* line, const char* text)
     return std::strncmp(line, text, std::strlen(text)) == 0;
 }
 
+// False for what is not a number, too.
+bool fits_cell(float value) { return std::fabs(value) < cell_range; }
+
 // `pattern` leaves out the point's number and has three "%f".
 bool scan_point(const char* line, const char* pattern, bsVector* point)
 {
@@ -42,7 +46,7 @@ bool scan_point(const char* line, const char* pattern, bsVector* point)
     if (std::sscanf(line, pattern, &v[0], &v[1], &v[2]) != 3)
         return false;
     *point = bsVector(v);
-    return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
+    return fits_cell(v[0]) && fits_cell(v[1]) && fits_cell(v[2]);
 }
 
 bool scan_coordinate(const char* line, int axis, double* value)
@@ -51,31 +55,52 @@ bool scan_coordinate(const char* line, int axis, double* value)
     if (!begins_with(line, keys[axis]) || std::sscanf(line + key_length, ":3:\xB6%f", &number) != 1)
         return false;
     *value = number;
-    return std::isfinite(number);
+    return fits_cell(number);
 }
 
 class Reader
 {
 public:
-    explicit Reader(std::istream& stream) : stream(stream), found(false) { line[0] = '\0'; }
+    explicit Reader(std::istream& stream) : stream(stream), found(false), line_number(0)
+    {
+        line[0] = '\0';
+        source.form = reference_form_unknown;
+    }
 
     bool read()
     {
         while (goes_on()) {
             next_line();
+            if (line_number == 1)
+                skip_byte_order_mark();
             if (begins_with(line, keys[0]))
                 read_blocks();
             else if (begins_with(line, "(1)"))
-                read_lines("(%*d) %f %f %f");
+                read_lines("(%*d) %f %f %f", reference_form_parenthesized);
             else if (begins_with(line, "1"))
-                read_lines("%*d %f %f %f");
+                read_lines("%*d %f %f %f", reference_form_numbered);
         }
         return found && !stream.bad() && !is_full();
     }
 
     std::vector<bsVector> points;
+    ReferenceFileSource source;
 
 private:
+    void start(ReferenceFileForm form)
+    {
+        if (!found)
+            source.form = form;
+        found = true;
+    }
+
+    void add_point(const bsVector& point, int y_line, int z_line)
+    {
+        const ReferenceFileSource::Lines lines = {{line_number, y_line, z_line}};
+        points.push_back(point);
+        source.points.push_back(lines);
+    }
+
     bool is_full() const { return points.size() > reference_file_max_points; }
     bool goes_on() const { return !stream.eof() && !stream.bad() && !is_full(); }
 
@@ -83,6 +108,7 @@ private:
     void next_line()
     {
         stream.getline(line, sizeof(line));
+        ++line_number;
         if (!stream.fail())
             return;
         line[0] = '\0';
@@ -92,25 +118,33 @@ private:
         stream.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
     }
 
+    // Some editors put three bytes before UTF-8 text.
+    void skip_byte_order_mark()
+    {
+        const char mark[] = "\xEF\xBB\xBF";
+        if (begins_with(line, mark))
+            std::memmove(line, line + std::strlen(mark), std::strlen(line + std::strlen(mark)) + 1);
+    }
+
     // The end of the file is asked for before the line just read is looked at: the writer ends
     // every line, so one without an end is a torn one.
-    void read_lines(const char* pattern)
+    void read_lines(const char* pattern, ReferenceFileForm form)
     {
-        found = true;
+        start(form);
         for (; goes_on(); next_line()) {
             bsVector point;
             if (scan_point(line, pattern, &point))
-                points.push_back(point);
+                add_point(point, line_number, line_number);
         }
     }
 
     void read_blocks()
     {
-        found = true;
+        start(reference_form_keyed);
         const std::size_t before = points.size();
         double x;
         for (; scan_coordinate(line, 0, &x) && !is_full(); next_line())
-            points.push_back(bsVector(x, missing_coordinate, missing_coordinate));
+            add_point(bsVector(x, missing_coordinate, missing_coordinate), 0, 0);
         const std::size_t count = points.size() - before;
         read_coordinates(&bsVector::y, 1, count);
         read_coordinates(&bsVector::z, 2, count);
@@ -120,32 +154,69 @@ private:
     {
         double value;
         for (std::size_t i = 0; scan_coordinate(line, axis, &value); ++i, next_line())
-            if (i < count)
+            if (i < count) {
                 points[i].*coordinate = value;
+                source.points[i].of_axis[axis] = line_number;
+            }
     }
 
     std::istream& stream;
     bool found;
+    int line_number;
     char line[reference_file_max_line + 1];
 };
 
-// True if `part` is an int; otherwise it becomes "0".
-bool repair_part(QString& part)
+// The code points of signs that look like a minus and come with pasted text: the hyphens and dashes
+// from U+2010 to U+2014, the minus sign, and the small and wide hyphens.
+bool is_minus(QChar c)
 {
-    bool is_int = false;
-    part.toInt(&is_int, 10);
-    if (!is_int)
-        part = QLatin1String("0");
-    return is_int;
+    const ushort code = c.unicode();
+    return (code >= 0x2010 && code <= 0x2014) || code == 0x2212 || code == 0xfe58 || code == 0xfe63
+           || code == 0xff0d;
+}
+
+// Blanks of any width, line ends, and the invisible marks that some programs put around a number.
+bool is_blank(QChar c) { return c.isSpace() || c.category() == QChar::Other_Format; }
+
+QString without_blanks_around(const QString& text)
+{
+    int first = 0;
+    int last = text.size();
+    while (first < last && is_blank(text[first]))
+        ++first;
+    while (last > first && is_blank(text[last - 1]))
+        --last;
+    return text.mid(first, last - first);
+}
+
+bool is_digits(const QString& text)
+{
+    for (int i = 0; i < text.size(); ++i)
+        if (text[i] < QLatin1Char('0') || text[i] > QLatin1Char('9'))
+            return false;
+    return !text.isEmpty();
+}
+
+// Only plain digits with a sign before them: QString::toInt takes more, which nothing else reads.
+bool is_int(const QString& text)
+{
+    const bool has_sign = text.startsWith(QLatin1Char('-')) || text.startsWith(QLatin1Char('+'));
+    bool in_range = false;
+    text.toInt(&in_range, 10);
+    return in_range && is_digits(text.mid(has_sign ? 1 : 0));
 }
 
 } // namespace
 
-bool read_reference_points(std::istream& stream, std::vector<bsVector>& points)
+bool read_reference_points(std::istream& stream, std::vector<bsVector>& points,
+                           ReferenceFileSource* source)
 {
     const CNumbers c_numbers;
     Reader reader(stream);
-    if (!reader.read())
+    const bool is_read = reader.read();
+    if (source)
+        *source = reader.source;
+    if (!is_read)
         return false;
     points.swap(reader.points);
     return true;
@@ -161,14 +232,22 @@ QString reference_point_line(int number, QString x, QString y, QString z)
 
 bool repair_number(QString& text)
 {
+    text = without_blanks_around(text);
     text.replace(QLatin1Char(','), QLatin1Char('.'));
+    for (int i = 0; i < text.size(); ++i)
+        if (is_minus(text[i]))
+            text[i] = QLatin1Char('-');
     QString integer = text.section(QLatin1Char('.'), 0, 0);
     QString fraction =
         text.section(QLatin1Char('.'), 1, 1).leftJustified(2, QLatin1Char('0'), true);
-    const bool integer_is_int = repair_part(integer);
-    const bool fraction_is_int = repair_part(fraction);
+    const bool has_integer = is_int(integer);
+    const bool has_fraction = is_digits(fraction);
+    if (!has_integer)
+        integer = QLatin1String("0");
+    if (!has_fraction)
+        fraction = QLatin1String("0");
     text = integer + QLatin1Char('.') + fraction;
-    return integer_is_int && fraction_is_int;
+    return has_integer && has_fraction;
 }
 
 void add_txt_extension(QString& file_name)

@@ -24,7 +24,8 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager* io_manager, QWidget* parent,
                                          BackendVersions* backend_versions, QString)
     : QDialog(parent), io_manager(io_manager), backend_versions(backend_versions),
       parent_widget(parent), model(nullptr), coarse_tab(nullptr), fine_tab(nullptr),
-      config_locked(false), tabs_ready(false), ok_pending(false), subscribed(false)
+      fine_angles(this), config_locked(false), tabs_ready(false), ok_pending(false),
+      subscribed(false)
 {
     ui.setupUi(this);
     lock_icon.addFile(QString::fromLatin1(":/lock.png"), QSize(), QIcon::Normal, QIcon::Off);
@@ -51,6 +52,7 @@ void RoomAdjustmentDlg2g::setupTabs(QWidget* matching_parent)
     ui.tabWidget->insertTab(0, fine_tab, QString::fromLatin1("&Fine"));
     coarse_tab = new CoarseAdjustment(io_manager, backend_versions, &ra_data, this);
     coarse_tab->setModel(model);
+    coarse_tab->setRoomAngles(&fine_angles);
     ui.tabWidget->insertTab(0, coarse_tab, QString::fromLatin1("&Coarse"));
     ui.tabWidget->setCurrentIndex(coarse_index);
     current_tab.fetchAndStoreOrdered(coarse_index);
@@ -235,6 +237,16 @@ void RoomAdjustmentDlg2g::setCooTransAngleValues(const double& rx, const double&
 void RoomAdjustmentDlg2g::getCooTransAngleValues(double& rx, double& ry, double& rz)
 {
     fine_tab->getAngleValues(rx, ry, rz);
+}
+
+void RoomAdjustmentDlg2g::FineAngles::get_angles(double& rx, double& ry, double& rz)
+{
+    dialog->getCooTransAngleValues(rx, ry, rz);
+}
+
+void RoomAdjustmentDlg2g::FineAngles::set_angles(double rx, double ry, double rz)
+{
+    dialog->setCooTransAngleValues(rx, ry, rz);
 }
 
 void RoomAdjustmentDlg2g::setControlsDefaultValues() { fine_tab->setControlsDefaultValues(); }

@@ -4,6 +4,7 @@
 
 #include "contract/requester.h"
 #include "controller/roomadjustmentdata.h"
+#include "controller/roomangles.h"
 #include "ui_roomadjustmentdlg.h"
 
 #include <QAtomicInt>
@@ -74,6 +75,19 @@ protected:
     void hideEvent(QHideEvent* event);
 
 private:
+    /// Shows the coarse tab the angles of the fine one. Not a base of the dialog, whose bases hosts
+    /// rely on.
+    class FineAngles : public RoomAngles
+    {
+    public:
+        explicit FineAngles(RoomAdjustmentDlg2g* dialog) : dialog(dialog) {}
+        void get_angles(double& rx, double& ry, double& rz);
+        void set_angles(double rx, double ry, double rz);
+
+    private:
+        RoomAdjustmentDlg2g* dialog;
+    };
+
     void setupModel();
     void setupTabs(QWidget* matching_parent);
     void setupConnections();
@@ -95,6 +109,7 @@ private:
     QStandardItemModel* model;
     CoarseAdjustment* coarse_tab;
     CooTrans* fine_tab;
+    FineAngles fine_angles;
     RoomAdjustmentData ra_data;
     RoomAdjustmentData ra_data_saved;
     bool config_locked;

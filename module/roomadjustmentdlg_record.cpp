@@ -2,6 +2,7 @@
 #include "module/roomadjustmentdlg.h"
 
 #include "controller/extratransformation.h"
+#include "controller/queries.h"
 #include "controller/replytext.h"
 #include "controller/versiongates.h"
 #include "controller/vocabulary.h"
@@ -15,8 +16,8 @@ namespace
 void read_numbers(IOManager* io_manager, const char* query, int count, const double* fallback,
                   double* values)
 {
-    char reply[IOManager::buffer_size] = "";
-    if (io_manager->get_param_string(reply, query) != 0 || !reply_numbers(reply, count, values))
+    ReplyText reply;
+    if (!query_text(io_manager, &reply, query) || !reply_numbers(reply.text, count, values))
         std::copy(fallback, fallback + count, values);
 }
 
@@ -40,10 +41,8 @@ void RoomAdjustmentDlg2g::getDataFromZtc(RoomAdjustmentData& data)
     read_numbers(io_manager, vocabulary::extra_rotation, 9, defaults.rotation, data.rotation);
     read_numbers(io_manager, vocabulary::extra_translation, 3, defaults.translation,
                  data.translation);
-    double scaling = defaults.scaling;
-    if (io_manager->get_param_double(&scaling, vocabulary::extra_scaling) != 0)
-        scaling = defaults.scaling;
-    data.scaling = scaling;
+    data.scaling = defaults.scaling;
+    query_number(io_manager, &data.scaling, vocabulary::extra_scaling);
 }
 
 void RoomAdjustmentDlg2g::sendDataToZtc()

@@ -1,54 +1,28 @@
 #include "widgets/bsDoubleWidget.h"
 
+#include "platform/qwtwheel.h"
+#include "widgets/numberbox.h"
+
 #include <QEvent>
 #include <QPalette>
 
 #include <cmath>
 
-#include <qwt_global.h>
-#include <qwt_wheel.h>
-
 namespace
 {
 
-const double smallest_change = 1e-05;
-const double wrapping_gap = 1.0;
-const int minimum_input_width = 56; // pixels
-const int input_spacing = 5;        // pixels
+constexpr double smallest_change = 1e-05;
+constexpr double wrapping_gap = 1.0;
+constexpr int minimum_input_width = 56; // pixels
+constexpr int input_spacing = 5;        // pixels
 
-const double wheel_range = 360.0;        // degrees
-const double wheel_total_angle = 3600.0; // degrees
-const double wheel_step = 1.0;           // degrees
-const int wheel_page_steps = 10;
-const int wheel_ticks = 15;
-const double wheel_half_range = 180.0;     // a larger jump means that the wheel went over its end
-const double wheel_end_correction = 361.0; // one step more than the range, by requirement
-
-#if QWT_VERSION >= 0x060000
-#define WHEEL_PRESSED SIGNAL(wheelPressed())
-#define WHEEL_RELEASED SIGNAL(wheelReleased())
-
-void set_up_wheel(QwtWheel& wheel)
-{
-    wheel.setRange(0.0, wheel_range);
-    wheel.setSingleStep(wheel_step);
-    wheel.setPageStepCount(wheel_page_steps);
-    wheel.setTotalAngle(wheel_total_angle);
-    wheel.setWrapping(true);
-    wheel.setTickCount(wheel_ticks);
-}
-#else
-#define WHEEL_PRESSED SIGNAL(sliderPressed())
-#define WHEEL_RELEASED SIGNAL(sliderReleased())
-
-void set_up_wheel(QwtWheel& wheel)
-{
-    wheel.setRange(0.0, wheel_range, wheel_step, wheel_page_steps);
-    wheel.setTotalAngle(wheel_total_angle);
-    wheel.setPeriodic(true);
-    wheel.setTickCnt(wheel_ticks);
-}
-#endif
+constexpr double wheel_range = 360.0;        // degrees
+constexpr double wheel_total_angle = 3600.0; // degrees
+constexpr double wheel_step = 1.0;           // degrees
+constexpr int wheel_page_steps = 10;
+constexpr int wheel_ticks = 15;
+constexpr double wheel_half_range = 180.0; // a larger jump means that the wheel went over its end
+constexpr double wheel_end_correction = 361.0; // one step more than the range, by requirement
 
 } // namespace
 
@@ -56,7 +30,7 @@ bsDoubleWidget::bsDoubleWidget(QWidget* parent, bsDoubleMode mode, double minimu
                                bool wrapping)
     : QWidget(parent), wheel_value(0.0), main_layout(new QBoxLayout(QBoxLayout::LeftToRight, this)),
       label_widget(new QLabel(this)), input_layout(new QBoxLayout(QBoxLayout::TopToBottom)),
-      spin_box(new QDoubleSpinBox(this)), wheel(new QwtWheel(this)), editing(false),
+      spin_box(new NumberBox(this)), wheel(new QwtWheel(this)), editing(false),
       mouse_editing(false), wheel_editing(false)
 {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -92,7 +66,8 @@ void bsDoubleWidget::createSpinBox(double minimum, double maximum, bool wrapping
 void bsDoubleWidget::createWheel()
 {
     wheel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    set_up_wheel(*wheel);
+    set_up_endless_wheel(wheel, wheel_range, wheel_step, wheel_page_steps, wheel_ticks);
+    wheel->setTotalAngle(wheel_total_angle);
     connect(wheel, SIGNAL(valueChanged(double)), this, SLOT(wheelChanged(double)));
     connect(wheel, WHEEL_PRESSED, this, SLOT(setMouseEditingBegin()));
     connect(wheel, WHEEL_RELEASED, this, SLOT(setMouseEditingFinished()));

@@ -12,6 +12,7 @@
 
 class QwtWheel;
 
+/// What is shown.
 enum bsDoubleMode
 {
     bsDoubleSpinOnly = 0,
@@ -33,14 +34,14 @@ enum bsDoubleOrientation
     bsDoubleVertical = 1
 };
 
-/// The wheel has no value of its own that the outside sees: each degree it turns is one single
-/// step of the spin box, and setting the value leaves the wheel where it stands.
+/// The spin box holds the value. The wheel only makes steps: each degree it turns is one single
+/// step of the spin box, and setting the value does not turn the wheel.
 ///
-/// The small events of one edit are folded into a bracket of editingBegin() and
-/// editingFinished(), so that a caller can take one undo record per edit. The bracket opens at
-/// the first change that comes from the spin box or at a press on the wheel.
+/// Each edit is enclosed by one editingBegin() and one editingFinished(), so that a caller can take
+/// one undo record per edit. It begins at the first change that comes from the spin box or at a
+/// press on the wheel.
 ///
-/// The virtual operations keep their order, other programs are compiled against it.
+/// The virtual operations keep their order, because other programs are compiled against it.
 class bsDoubleWidget : public QWidget
 {
     Q_OBJECT
@@ -64,6 +65,7 @@ public:
     virtual void setLabelColor(const QColor& color);
 
 signals:
+    /// By an edit, or by setValue().
     void valueChanged(double value);
     void editingFinished();
     void editingBegin();
@@ -74,13 +76,16 @@ public slots:
     virtual void showLabel(bool show);
     virtual void setLabel(QString label);
     virtual void setLabelFont(QFont font);
+    /// A unit behind the number.
     virtual void setSuffix(QString suffix);
+    /// 2 unless set.
     virtual void setDecimals(int decimals);
-    /// Sets the value without opening an edit bracket. A change of at most 1e-5 is ignored.
+    /// Sets the value, which is no edit. A change of at most 1e-5 is ignored.
     /// Emits valueChanged() with the value given, not with what the spin box made of it.
     virtual void setValue(double value);
-    /// Adds to the value as an edit does, with bracket. An increment of at most 1e-5 is ignored.
+    /// Adds to the value, which is an edit. An increment of at most 1e-5 is ignored.
     virtual void adjustValue(double inc);
+    /// An unknown mode changes nothing.
     virtual void setMode(bsDoubleMode mode);
     /// Where the label stands, seen from the input.
     virtual void setLabelPosition(bsDoublePosition position);
@@ -91,10 +96,14 @@ public slots:
     virtual void reset();
 
 protected slots:
+    /// Nothing to translate here.
     void languageChange();
+    /// Wheel to 0 without a step.
     virtual void resetWheel();
     virtual void spinChanged(double value);
+    /// Steps by the degrees since the last call, cut to whole ones. `wheel_angle` is 0 to 360.
     virtual void wheelChanged(double wheel_angle);
+    /// Both do nothing while an edit is, or is not, under way.
     virtual void setEditingBegin();
     virtual void setEditingFinished();
     virtual void setMouseEditingBegin();
@@ -109,7 +118,7 @@ protected:
     QBoxLayout* input_layout; ///< spin box, then wheel
     QDoubleSpinBox* spin_box;
     QwtWheel* wheel;
-    bool editing;       ///< an edit bracket is open
+    bool editing;       ///< an edit is under way
     bool mouse_editing; ///< the wheel is held down with the mouse
     bool wheel_editing; ///< the wheel moved without being held down
 

@@ -8,7 +8,7 @@
 namespace
 {
 
-const double smallest_change = 1e-05;
+constexpr double smallest_change = 1e-05;
 
 bool differs(double a, double b)
 {
@@ -32,7 +32,7 @@ void replace_layout(QWidget* widget, bool horizontal)
 
 xyzWidget::xyzWidget(QWidget* parent, bsDoubleMode mode, double minimum, double maximum,
                      bool wrapping)
-    : QWidget(parent), group_box(nullptr), x_widget(nullptr), y_widget(0), z_widget(0),
+    : QWidget(parent), group_box(nullptr), x_widget(nullptr), y_widget(nullptr), z_widget(nullptr),
       horizontal(true)
 {
     create(mode, minimum, maximum, wrapping);

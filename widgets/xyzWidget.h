@@ -8,10 +8,10 @@
 #include <QString>
 #include <QWidget>
 
-/// Any change of one child reports all three values. The edit brackets of the children are passed
-/// on as they come: going from one child to another gives an end and a begin.
+/// Any change of one child reports all three values. Begin and end of edits are passed on as they
+/// come: going from one child to another ends one edit and begins the next.
 ///
-/// The virtual operations keep their order, other programs are compiled against it.
+/// The virtual operations keep their order, because other programs are compiled against it.
 class xyzWidget : public QWidget
 {
     Q_OBJECT
@@ -37,6 +37,7 @@ public:
     virtual QString yLabel() const;
     virtual QString zLabel() const;
     virtual bool getLayoutHorizontal() const;
+    // These three act on each child.
     virtual void setSuffix(QString suffix);
     virtual void setStep(double step);
     virtual void setMode(bsDoubleMode mode);
@@ -51,8 +52,8 @@ signals:
     void xyzEditingFinished();
 
 public slots:
-    /// Sets all three without opening an edit bracket and emits valueChanged() once, with the
-    /// values read back. Ignored if none changes by more than 1e-5.
+    /// Sets all three, which is no edit, and emits valueChanged() once, with the values limited to
+    /// the ranges. Ignored if none changes by more than 1e-5.
     virtual void setValues(double x, double y, double z);
     /// setValues() with the present values plus the given ones: not an edit, unlike
     /// bsDoubleWidget::adjustValue().
@@ -64,7 +65,7 @@ public slots:
     virtual void setXLabel(QString label);
     virtual void setYLabel(QString label);
     virtual void setZLabel(QString label);
-    /// Each child by itself: up to three valueChanged() and three edit brackets.
+    /// Each child by itself becomes 0: up to three edits and three valueChanged().
     virtual void reset();
     /// Side by side or one below the other. The children leave the group box for this widget's
     /// own layout.

@@ -84,19 +84,14 @@ private slots:
     void frame_is_right_handed_for_each_pair()
     {
         for (int set = 0; set < 3; ++set)
-            for (int preserve = 0; preserve < 3; ++preserve) {
-                if (set == preserve)
-                    continue;
-                bsVector axis(1, 2, -0.5);
-                bsVector preserved(0.3, 4, 1);
-                const bsVector asked = preserved;
-                bsVector third;
+            for (int preserve : {(set + 1) % 3, (set + 2) % 3}) {
+                const bsVector asked(0.3, 4, 1);
+                bsVector axis(1, 2, -0.5), preserved(asked), third;
                 const bsMatrix m =
                     computeFrame(axis, preserved, third, abcAxis(set), abcAxis(preserve));
-                QVERIFY(m.getColumn(set) == bsVector(1, 2, -0.5).normalize());
-                QVERIFY(m.getColumn(set) == axis);
-                QVERIFY(m.getColumn(preserve) == preserved);
-                QVERIFY(m.getColumn(3 - set - preserve) == third);
+                QVERIFY(axis == bsVector(1, 2, -0.5).normalize());
+                QVERIFY(m.getColumn(set) == axis && m.getColumn(preserve) == preserved
+                        && m.getColumn(3 - set - preserve) == third);
                 QVERIFY((m.getColumn(0) ^ m.getColumn(1)) == m.getColumn(2));
                 QVERIFY(bsVector::dotProduct(asked, preserved) > 0.0);
                 QVERIFY(bsVector::isOrthogonal(asked, third));

@@ -1,36 +1,14 @@
 #include "coarse/coarseadjustment.h"
 #include "controller/roomadjustmentdata.h"
+#include "controller/roomangles.h"
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QtTest/QtTest>
-#include <QtWidgets/QDialog>
+#include <QtWidgets/QStackedWidget>
 
 #include <cmath>
 #include <tuple>
-
-// Stands in for the real dialog, which is not linked: it keeps the fine tab's three angles.
-class RoomAdjustmentDlg2g : public QDialog
-{
-public:
-    void setCooTransAngleValues(const double& rx, const double& ry, const double& rz);
-    void getCooTransAngleValues(double& rx, double& ry, double& rz);
-
-    QVector<double> angles = {0.0, 0.0, 0.0};
-    int times_set = 0;
-};
-
-void RoomAdjustmentDlg2g::setCooTransAngleValues(const double& rx, const double& ry,
-                                                 const double& rz)
-{
-    angles = {rx, ry, rz};
-    ++times_set;
-}
-
-void RoomAdjustmentDlg2g::getCooTransAngleValues(double& rx, double& ry, double& rz)
-{
-    std::tie(rx, ry, rz) = std::tie(angles[0], angles[1], angles[2]);
-}
 
 namespace
 {
@@ -38,12 +16,31 @@ namespace
 const char last_type[] = "roomcal last_coordinate_type";
 const char current_type[] = "roomcal coordinate_type";
 
-// The tab in a dialog of its own, with what surrounds it.
+/// Keeps the fine tab's three angles.
+class KeptAngles : public RoomAngles
+{
+public:
+    void get_angles(double& rx, double& ry, double& rz) override
+    {
+        std::tie(rx, ry, rz) = std::tie(angles[0], angles[1], angles[2]);
+    }
+    void set_angles(double rx, double ry, double rz) override
+    {
+        angles = {rx, ry, rz};
+        ++times_set;
+    }
+
+    QVector<double> angles = {0.0, 0.0, 0.0};
+    int times_set = 0;
+};
+
+// The tab with what surrounds it.
 struct Stage
 {
     explicit Stage(const char* type = "normal")
     {
         controller.values[last_type] = controller.values[current_type] = type;
+        tab.setRoomAngles(&dialog);
         QObject::connect(&tab, &CoarseAdjustment::do_btn_apply_enable,
                          [this](bool on) { apply_signals += on; });
     }
@@ -71,8 +68,8 @@ struct Stage
     FakeController controller;
     BackendVersions versions = backend(1, 9);
     RoomAdjustmentData data;
-    RoomAdjustmentDlg2g dialog;
-    CoarseAdjustment tab{&controller, &versions, &data, &dialog};
+    KeptAngles dialog;
+    CoarseAdjustment tab{&controller, &versions, &data, nullptr};
     int apply_signals = 0;
 };
 

@@ -66,21 +66,19 @@ private slots:
         for (double rx : hard_angles)
             for (double ry : hard_angles)
                 for (double rz : hard_angles) {
-                    double words[9];
-                    _angles2matrix(words, rx, ry, rz);
-                    beautify_rotation(words);
-                    transpose_rotation(words);
+                    double elements[9];
+                    angles_to_rotation(rx, ry, rz, elements);
+                    beautify_rotation(elements);
                     // Within 0.006 degrees of the pole the two other angles are one.
-                    if (std::fabs(std::fabs(words[2]) - 1.0) < 5e-9 && words[0] != 0.0)
+                    if (std::fabs(std::fabs(elements[2]) - 1.0) < 5e-9 && elements[0] != 0.0)
                         continue;
                     double ax, ay, az;
-                    rotation_to_angles(words, ax, ay, az);
+                    rotation_to_angles(elements, ax, ay, az);
                     QVERIFY(!(ax < -180.0) && !(ay < -180.0) && !(az < -180.0));
                     double again[9];
-                    _angles2matrix(again, ax, ay, az);
-                    transpose_rotation(again);
+                    angles_to_rotation(ax, ay, az, again);
                     for (int i = 0; i < 9; ++i)
-                        worst = std::max(worst, std::fabs(again[i] - words[i]));
+                        worst = std::max(worst, std::fabs(again[i] - elements[i]));
                 }
         std::printf("worst error after angles and back: %g\n", worst);
         QVERIFY(worst < 2e-6); // what the short pi costs at 180 degrees
@@ -91,33 +89,33 @@ private slots:
         // Ry(90) after Rx(30): rows of R.
         const double s = 0.5;
         const double c = std::sqrt(0.75);
-        const double words[9] = {0, 0, 1, s, c, 0, -c, s, 0};
+        const double elements[9] = {0, 0, 1, s, c, 0, -c, s, 0};
         double rx, ry, rz;
-        rotation_to_angles(words, rx, ry, rz);
+        rotation_to_angles(elements, rx, ry, rz);
         QVERIFY(std::fabs(rx - 30.0) < 1e-4);
         QVERIFY(std::fabs(ry - 90.0) < 1e-4);
         QCOMPARE(rz, 0.0);
     }
 
-    void a_word_a_digit_above_one_is_a_right_angle()
+    void an_element_a_digit_above_one_is_a_right_angle()
     {
-        const double words[9] = {0, 0, 1.00000001, 0, 1, 0, -1, 0, 0};
+        const double elements[9] = {0, 0, 1.00000001, 0, 1, 0, -1, 0, 0};
         double rx, ry, rz;
-        rotation_to_angles(words, rx, ry, rz);
+        rotation_to_angles(elements, rx, ry, rz);
         QVERIFY(std::fabs(ry - 90.0) < 1e-4);
     }
 
     void minus_pi_shows_as_plus_180()
     {
-        const double words[9] = {-1, 0, 0, 0, -1, 0, 0, 0, 1};
+        const double elements[9] = {-1, 0, 0, 0, -1, 0, 0, 0, 1};
         double rx, ry, rz;
-        rotation_to_angles(words, rx, ry, rz);
+        rotation_to_angles(elements, rx, ry, rz);
         QCOMPARE(rz, 180.0);
     }
 
     void beautify_data()
     {
-        QTest::addColumn<double>("word");
+        QTest::addColumn<double>("element");
         QTest::addColumn<double>("becomes"); // NaN: all nine stay
         const double stays = std::nan("");
         QTest::newRow("just inside, above one") << 1.0000009 << 1.0;
@@ -133,23 +131,23 @@ private slots:
 
     void beautify()
     {
-        QFETCH(double, word);
+        QFETCH(double, element);
         QFETCH(double, becomes);
-        double words[9] = {1e-7, 1.0, 0.0, -1.0, 0.0, 0.0, word, 0.0, 1.0};
-        beautify_rotation(words);
+        double elements[9] = {1e-7, 1.0, 0.0, -1.0, 0.0, 0.0, element, 0.0, 1.0};
+        beautify_rotation(elements);
         const bool stays = std::isnan(becomes);
-        QCOMPARE(words[0], stays ? 1e-7 : 0.0);
+        QCOMPARE(elements[0], stays ? 1e-7 : 0.0);
         if (!stays) {
-            QCOMPARE(words[6], becomes);
-            QVERIFY(!std::signbit(words[6]) || becomes != 0.0);
+            QCOMPARE(elements[6], becomes);
+            QVERIFY(!std::signbit(elements[6]) || becomes != 0.0);
         } else {
-            QVERIFY(words[6] == word || std::isnan(word));
+            QVERIFY(elements[6] == element || std::isnan(element));
         }
     }
 
     void what_counts_as_default_data()
     {
-        QTest::addColumn<QVector<double>>("words"); // translation, rotation, scaling
+        QTest::addColumn<QVector<double>>("elements"); // translation, rotation, scaling
         QTest::addColumn<bool>("is_default");
         QTest::newRow("identity") << QVector<double>{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1} << true;
         QTest::newRow("a shift whose sum is zero passes")
@@ -164,8 +162,8 @@ private slots:
 
     void what_counts_as_default()
     {
-        QFETCH(QVector<double>, words);
-        QTEST(is_default_transformation(&words[0], &words[3], words[12]), "is_default");
+        QFETCH(QVector<double>, elements);
+        QTEST(is_default_transformation(&elements[0], &elements[3], elements[12]), "is_default");
     }
 };
 

@@ -5,8 +5,9 @@
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
 
-#include <QtTest/QtTest>
-#include <QtWidgets/QAction>
+#include <QAction>
+#include <QClipboard>
+#include <QtTest>
 
 class TestCooTrans : public QObject
 {
@@ -52,32 +53,75 @@ private slots:
         QVERIFY(!tab->controlValuesEqualsGlobalData());
     }
 
-    void scaling_limits_data()
+    void numbers_are_taken_alike_in_every_language()
     {
-        QTest::addColumn<QString>("reply");
-        QTest::addColumn<double>("minimum");
-        QTest::addColumn<double>("value");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<int>("apply_signals");
-        QTest::newRow("inside") << "1.02" << 0.95 << 1.02 << "Scaling (+/- 5%)" << 1;
-        QTest::newRow("at the lower limit") << "0.95" << 0.95 << 0.95 << "Scaling (+/- 5%)" << 1;
-        QTest::newRow("outside keeps the wide range") << "0.90" << 0.1 << 0.9 << "Scaling" << 1;
-        QTest::newRow("no answer leaves the box alone")
-            << "" << 0.95 << 1.0 << "Scaling (+/- 5%)" << 0;
+        const double refused = 7.0; // what stood there before
+        const struct
+        {
+            QString pasted;
+            double value;
+        } rows[] = {
+            {"100.25", 100.25},
+            {"2500,75", 2500.75},
+            {QString(QChar(0x2212)) + "5", -5.0}, // the typographic minus
+            {QString(QChar(0xa0)) + "-1.5\n", -1.5},
+            {"1.234,5", refused},
+            {"1,234.5", refused},
+            {"1 000", refused},
+            {"1e3", refused},
+            {"nan", refused},
+            {QString(QChar(0x665)), refused}, // a digit of another script
+            {"1.234", refused},               // too many decimals
+        };
+        for (QLocale::Language language : {QLocale::C, QLocale::German}) {
+            QLocale::setDefault(QLocale(language));
+            init();
+            const auto boxes =
+                tab->findChildren<QDoubleSpinBox*>(QRegularExpression("^doubleSpinBox_"));
+            QCOMPARE(boxes.size(), 7);
+            for (QDoubleSpinBox* typed : boxes) {
+                typed->selectAll();
+                QTest::keyClicks(typed, "1,02");
+                QCOMPARE(typed->text(), QString("1.02"));
+                QCOMPARE(typed->value(), 1.02);
+            }
+            QDoubleSpinBox* x = box("doubleSpinBox_x");
+            for (const auto& row : rows) {
+                x->setValue(refused);
+                x->selectAll();
+                QApplication::clipboard()->setText(row.pasted);
+                QTest::keyClick(x, Qt::Key_V, Qt::ControlModifier);
+                QTest::keyClick(x, Qt::Key_Return);
+                QVERIFY2(x->value() == row.value, qPrintable(row.pasted));
+                QCOMPARE(x->text(), QString::number(row.value, 'f', 2));
+            }
+        }
+        QLocale::setDefault(QLocale::c());
     }
 
     void scaling_limits()
     {
-        QFETCH(QString, reply);
-        if (reply.isEmpty())
-            controller->values.erase("tracking extra_scaling");
-        else
-            controller->values["tracking extra_scaling"] = reply.toStdString();
-        tab->do_update();
-        QTEST(box("doubleSpinBox_scalingFactor")->minimum(), "minimum");
-        QTEST(box("doubleSpinBox_scalingFactor")->value(), "value");
-        QTEST(tab->findChild<QLabel*>("label_scaling_2")->text(), "label");
-        QTEST(apply->count(), "apply_signals");
+        const struct
+        {
+            const char* reply; // null is a failed query
+            double minimum, value;
+            const char* label;
+            int apply_signals;
+        } rows[] = {
+            {"1.02", 0.95, 1.02, "Scaling (+/- 5%)", 1},
+            {"0.95", 0.95, 0.95, "Scaling (+/- 5%)", 1},
+            {"0.90", 0.1, 0.9, "Scaling", 1},
+            {nullptr, 0.95, 1.0, "Scaling (+/- 5%)", 0},
+        };
+        for (const auto& row : rows) {
+            init();
+            answer("tracking extra_scaling", row.reply);
+            tab->do_update();
+            QCOMPARE(box("doubleSpinBox_scalingFactor")->minimum(), row.minimum);
+            QCOMPARE(box("doubleSpinBox_scalingFactor")->value(), row.value);
+            QCOMPARE(tab->findChild<QLabel*>("label_scaling_2")->text(), QString(row.label));
+            QCOMPARE(apply->count(), row.apply_signals);
+        }
     }
 
     void apply_follows_real_changes_and_two_of_the_resets()
@@ -125,27 +169,29 @@ private slots:
         QVERIFY(box("doubleSpinBox_z")->singleStep() > 90.0);
     }
 
-    void the_licence_gates_the_matching_button_data()
-    {
-        QTest::addColumn<QString>("reply");
-        QTest::addColumn<bool>("enabled");
-        QTest::newRow("licensed") << "1" << true;
-        QTest::newRow("not licensed") << "0" << false;
-        QTest::newRow("no answer") << "" << false;
-    }
-
     void the_licence_gates_the_matching_button()
     {
-        QFETCH(QString, reply);
-        if (reply.isEmpty())
-            controller->values.erase("licence measurementtool");
-        else
-            controller->values["licence measurementtool"] = reply.toStdString();
-        tab->do_update();
         const QPushButton* button = tab->findChild<QPushButton*>("w_bodyMatchingButton");
-        QTEST(button->isEnabled(), "enabled");
-        QCOMPARE(button->whatsThis() == "Open matching dialog", button->isEnabled());
-        QVERIFY(!button->whatsThis().isEmpty());
+        QSet<QString> reasons;
+        for (const char* reply : {"1", "0", static_cast<const char*>(nullptr)}) {
+            answer("licence measurementtool", reply);
+            tab->do_update();
+            QCOMPARE(button->isEnabled(), reply && *reply == '1');
+            QCOMPARE(button->whatsThis() == "Open matching dialog", button->isEnabled());
+            reasons << button->whatsThis();
+        }
+        QCOMPARE(reasons.size(), 3);
+    }
+
+    void labels_have_the_colors_of_the_axes()
+    {
+        const char* const names[] = {"posX", "rx", "posY", "ry", "posZ", "rz"};
+        const QColor colors[] = {{200, 0, 0}, {0, 200, 0}, {0, 0, 200}};
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(tab->findChild<QLabel*>(QString("label_%1").arg(names[i]))
+                         ->palette()
+                         .color(QPalette::WindowText),
+                     colors[i / 2]);
     }
 
     void context_menu_starts_with_the_xy_plane()
@@ -159,13 +205,21 @@ private slots:
             if (action->isChecked())
                 checked << action->text();
         }
-        QCOMPARE(texts,
-                 (QStringList{"Long axes", "Show XY plane", "Show YZ plane", "Show XZ plane"}));
+        QCOMPARE(texts.join(", "),
+                 QString("Long axes, Show XY plane, Show YZ plane, Show XZ plane"));
         QCOMPARE(checked, QStringList{"Show XY plane"});
     }
 
 private:
     QDoubleSpinBox* box(const char* name) { return tab->findChild<QDoubleSpinBox*>(name); }
+
+    /// Null lets the query fail.
+    void answer(const char* query, const char* reply)
+    {
+        controller->values.erase(query);
+        if (reply)
+            controller->values[query] = reply;
+    }
 
     std::unique_ptr<FakeController> controller;
     BackendVersions versions;

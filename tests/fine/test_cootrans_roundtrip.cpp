@@ -6,9 +6,10 @@
 #include "tests/support/dialog_driver.h"
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
+#include "tests/support/measuring_tool.h"
 
-#include <QtTest/QtTest>
-#include <QtWidgets/QDoubleSpinBox>
+#include <QDoubleSpinBox>
+#include <QtTest>
 
 typedef std::vector<std::string> Log;
 
@@ -17,11 +18,15 @@ namespace
 
 const std::string turned = "0.00000000 1.00000000 0.00000000 -1.00000000 0.00000000 0.00000000 "
                            "0.00000000 0.00000000 1.00000000";
+const std::string moved = "1.000 2.000 3.500";
+const std::string scaled = "1.01000";
 
-const Log before = {
+const Log queries = {
     "get tracking extra_translation",
     "get tracking extra_rotation",
     "get tracking extra_scaling",
+};
+const Log setting_default = {
     "get status active",
     "do zetrak2 tracking stop",
     "set tracking extra_rotation 1.00000000 0.00000000 0.00000000 0.00000000 1.00000000 "
@@ -30,20 +35,26 @@ const Log before = {
     "set tracking extra_scaling 1.00000",
     "do zetrak2 tracking start",
 };
-const Log tools = {
+const Log matching_queries = {
     "get measurementtool number_of_tools",
     "get measurementtool tip_calibrated b01", // available
     "get measurementtool tip_calibrated b01", // the tool list
     "get measurementtool tip_calibrated b02",
 };
-const Log after = {
+const Log restoring = {
     "get status active",
     "do zetrak2 tracking stop",
     "set tracking extra_rotation " + turned,
-    "set tracking extra_translation 1.000 2.000 3.500",
-    "set tracking extra_scaling 1.01000",
+    "set tracking extra_translation " + moved,
+    "set tracking extra_scaling " + scaled,
     "do zetrak2 tracking start",
 };
+
+Log operator+(Log a, const Log& b)
+{
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
 
 } // namespace
 
@@ -54,143 +65,138 @@ class TestCooTransRoundtrip : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void the_whole_log_with_a_transformation_in_force()
+    void init()
     {
-        FakeController controller;
-        turn(controller);
-        Log expected = before;
-        expected.insert(expected.end(), tools.begin(), tools.end());
-        expected.insert(expected.end(), after.begin(), after.end());
-        QCOMPARE(round_trip(controller, false), expected);
+        controller.reset(new FakeController);
+        controller->values["tracking extra_rotation"] = turned;
+        controller->values["tracking extra_translation"] = moved;
+        controller->values["tracking extra_scaling"] = scaled;
+        controller->values["status active"] = "mea";
+        at_question = nullptr;
+        at_matching = [](AbcMatchingDialog* matching) { matching->close(); };
     }
 
-    void with_the_default_in_force_nothing_is_sent_and_tracking_goes_on()
+    void the_default_is_set_and_the_old_values_come_back()
     {
-        FakeController controller;
-        Log expected(before.begin(), before.begin() + 3);
-        expected.insert(expected.end(), tools.begin(), tools.end());
-        QCOMPARE(round_trip(controller, false), expected);
-    }
-
-    void sums_that_agree_count_as_default()
-    {
-        FakeController controller;
-        controller.values["tracking extra_translation"] = "5.000 -5.000 0.000";
-        QCOMPARE(round_trip(controller, false).size(), std::size_t(3 + 4));
-        QCOMPARE(controller.values["tracking extra_translation"],
-                 std::string("5.000 -5.000 0.000"));
+        QCOMPARE(round_trip(), queries + setting_default + matching_queries + restoring);
+        // With the default in force nothing is sent; sums that agree count as the default.
+        controller.reset(new FakeController);
+        controller->values["tracking extra_translation"] = "5.000 -5.000 0.000";
+        QCOMPARE(round_trip(), queries + matching_queries);
     }
 
     void each_call_fails_in_turn_and_the_old_values_come_back()
     {
-        const int calls_total = 6 + 3 + 4 + 6;
-        for (int failing = 0; failing < calls_total; ++failing) {
-            FakeController controller;
-            turn(controller);
-            const Log log = round_trip(controller, false, failing);
-            const std::string failed = find_failed(log);
-            QVERIFY2(!failed.empty(), qPrintable(QString::number(failing)));
+        const int restoring_begins = 3 + 6 + 4;
+        for (int failing = 0; failing < restoring_begins + 6; ++failing) {
+            init();
+            round_trip(failing);
             // Only a failed write of the old values themselves can leave them changed.
-            const bool restoring_failed = failed.find(turned) != std::string::npos
-                                          || failed.find("1.000 2.000 3.500") != std::string::npos
-                                          || failed.find("1.01000") != std::string::npos;
-            if (!restoring_failed)
-                QVERIFY2(holds_the_old_values(controller), failed.c_str());
-            QCOMPARE(controller.messages().size(), std::size_t(1));
-            if (QTest::currentTestFailed())
-                return;
+            const bool writing_failed =
+                failing >= restoring_begins + 2 && failing < restoring_begins + 5;
+            QVERIFY2(holds_the_old_values() != writing_failed,
+                     qPrintable(QString::number(failing)));
+            QCOMPARE(controller->messages().size(), std::size_t(1));
         }
     }
 
     void ok_brings_the_result_into_the_numbers_and_not_to_the_controller()
     {
-        FakeController controller;
-        turn(controller);
-        round_trip(controller, true);
-        QCOMPARE(controller.values["tracking extra_translation"], std::string("1.000 2.000 3.500"));
+        at_matching = match;
+        round_trip();
+        QVERIFY(holds_the_old_values());
         // Measured = reference turned by 90 degrees about z and moved by (100, 0, 0).
         QVERIFY(std::abs(shown[0] - 0.0) < 0.006 && std::abs(shown[1] + 100.0) < 0.006);
         QCOMPARE(shown[3], 90.0);
         QVERIFY(apply_enabled);
     }
 
-    void unsaved_numbers_are_protected_data()
-    {
-        QTest::addColumn<bool>("yes");
-        QTest::newRow("Yes: nothing else happens") << true;
-        QTest::newRow("No: the numbers go back to the record") << false;
-    }
-
     void unsaved_numbers_are_protected()
     {
-        QFETCH(bool, yes);
-        FakeController controller;
-        edit_before = true;
-        BoxAnswer answer(yes ? QMessageBox::Yes : QMessageBox::No);
-        const Log log = round_trip(controller, false);
-        edit_before = false;
-        QVERIFY(answer.seen);
-        QCOMPARE(answer.text, QString("You have unsaved data. Save changes?\n\n"
-                                      "(If yes press 'Apply' and re-open matching)"));
-        QCOMPARE(answer.default_button, int(QMessageBox::No));
-        QCOMPARE(log.empty(), yes);
-        QCOMPARE(shown[0], yes ? 77.0 : 0.0);
+        for (int button : {QMessageBox::Yes, QMessageBox::No}) {
+            at_question = [&](QMessageBox* box) {
+                QCOMPARE(box->text(), QString("You have unsaved data. Save changes?\n\n"
+                                              "(If yes press 'Apply' and re-open matching)"));
+                QCOMPARE(int(box->standardButton(box->defaultButton())), int(QMessageBox::No));
+                box->button(QMessageBox::StandardButton(button))->click();
+            };
+            QCOMPARE(round_trip().empty(), button == QMessageBox::Yes);
+            QCOMPARE(shown[0], button == QMessageBox::Yes ? 77.0 : -1.0);
+        }
+    }
+
+    void an_early_end_starts_nothing_and_brings_the_old_values_back_data()
+    {
+        QTest::addColumn<bool>("question");
+        QTest::addColumn<bool>("deleted");
+        QTest::newRow("everything closed at the question") << true << false;
+        QTest::newRow("dialog deleted at the question") << true << true;
+        QTest::newRow("dialog closed behind matching") << false << false;
+        QTest::newRow("dialog deleted behind matching") << false << true;
+    }
+
+    void an_early_end_starts_nothing_and_brings_the_old_values_back()
+    {
+        QFETCH(bool, question);
+        QFETCH(bool, deleted);
+        std::size_t ended = 0;
+        const auto end = [&](QWidget* open) {
+            const QPointer<QWidget> still(open);
+            ended = controller->log.size();
+            if (deleted)
+                dialog.reset();
+            else
+                dialog->close();
+            if (still)
+                still->close();
+        };
+        at_matching = end;
+        if (question)
+            at_question = end;
+        const Log log = round_trip();
+        QCOMPARE(std::count(log.begin(), log.end(), queries[0]), question ? 0 : 1);
+        QVERIFY(holds_the_old_values() && ended > 0);
+        const Log afterwards = controller->log_since(ended);
+        QCOMPARE(std::count(afterwards.begin(), afterwards.end(), restoring.back()), 0);
     }
 
 private:
-    static void turn(FakeController& controller)
+    bool holds_the_old_values()
     {
-        controller.values["tracking extra_rotation"] = turned;
-        controller.values["tracking extra_translation"] = "1.000 2.000 3.500";
-        controller.values["tracking extra_scaling"] = "1.01000";
-        controller.values["status active"] = "mea";
+        return controller->values["tracking extra_rotation"] == turned
+               && controller->values["tracking extra_translation"] == moved
+               && controller->values["tracking extra_scaling"] == scaled;
     }
 
-    static bool holds_the_old_values(FakeController& controller)
-    {
-        return controller.values["tracking extra_rotation"] == turned
-               && controller.values["tracking extra_translation"] == "1.000 2.000 3.500"
-               && controller.values["tracking extra_scaling"] == "1.01000";
-    }
-
-    static std::string find_failed(const Log& log)
-    {
-        for (const std::string& entry : log)
-            if (entry.find(" -> failed") != std::string::npos)
-                return entry;
-        return std::string();
-    }
-
-    /// Opens the room dialog, goes to matching and back; returns what the trip itself said.
-    Log round_trip(FakeController& controller, bool accept, int failing = -1)
+    /// Opens the room dialog, edits a number if there is to be a question, goes to matching and
+    /// back; returns what the trip itself said.
+    Log round_trip(int failing = -1)
     {
         BackendVersions versions = backend(1, 20);
-        RoomAdjustmentDlg2g dialog(&controller, nullptr, &versions, "v2.0.5");
+        dialog.reset(new RoomAdjustmentDlg2g(controller.get(), nullptr, &versions, "v2.0.5"));
         Log log;
         when_open<RoomAdjustmentDlg2g>([&](RoomAdjustmentDlg2g*) {
-            CooTrans* tab = dialog.findChild<CooTrans*>();
-            dialog.findChild<QPushButton*>("btn_apply")->setEnabled(false);
-            if (edit_before)
-                tab->findChild<QDoubleSpinBox*>("doubleSpinBox_x")->setValue(77.0);
-            when_open<AbcMatchingDialog>([&](AbcMatchingDialog* matching) {
-                if (accept)
-                    match(matching);
-                else
-                    matching->close();
-            });
-            const std::size_t start = controller.log.size();
-            controller.failing_call = failing < 0 ? -1 : controller.calls + failing;
-            tab->on_w_bodyMatchingButton_clicked();
-            log = controller.log_since(start);
+            dialog->findChild<QPushButton*>("btn_apply")->setEnabled(false);
+            if (at_question) {
+                dialog->findChild<QDoubleSpinBox*>("doubleSpinBox_x")->setValue(77.0);
+                when_open<QMessageBox>(at_question);
+            }
+            when_open<AbcMatchingDialog>(at_matching);
+            const std::size_t start = controller->log.size();
+            controller->failing_call = failing < 0 ? -1 : controller->calls + failing;
+            dialog->findChild<CooTrans*>()->on_w_bodyMatchingButton_clicked();
+            log = controller->log_since(start);
+            if (!dialog)
+                return;
             const char* const names[] = {"x", "y", "z", "rz"};
             for (int i = 0; i < 4; ++i)
                 shown[i] =
-                    tab->findChild<QDoubleSpinBox*>(QString("doubleSpinBox_%1").arg(names[i]))
+                    dialog->findChild<QDoubleSpinBox*>(QString("doubleSpinBox_%1").arg(names[i]))
                         ->value();
-            apply_enabled = dialog.findChild<QPushButton*>("btn_apply")->isEnabled();
-            dialog.close();
+            apply_enabled = dialog->findChild<QPushButton*>("btn_apply")->isEnabled();
+            dialog->close();
         });
-        dialog.update_and_exec();
+        dialog->update_and_exec();
         close_all_dialogs();
         return log;
     }
@@ -200,30 +206,21 @@ private:
     {
         const double reference[3][2] = {{0, 0}, {200, 0}, {0, 300}};
         QTableWidget* table = matching->findChild<QTableWidget*>("tableWidget_referencePoints");
+        MeasuringTool tool(matching);
         for (int i = 0; i < 3; ++i) {
             matching->findChild<QPushButton*>("pushButton_addRefPoint")->click();
             for (int column = 0; column < 2; ++column)
                 table->item(i, column)->setText(QString::number(reference[i][column]));
+            tool.measure(100.0 - reference[i][1], reference[i][0], 0.0);
         }
-        for (int i = 0; i < 3; ++i)
-            measure(matching, 100.0 - reference[i][1], reference[i][0]);
         QVERIFY(matching->checkApplyTrafo());
         matching->findChild<QPushButton*>("w_applyButton")->click();
     }
 
-    static void measure(AbcMatchingDialog* matching, double x, double y)
-    {
-        const char* const frame =
-            "6dmt2 1 1 [0 1.0 4 0][%1 %2 0][1 0 0 0 1 0 0 0 1][%3][0 0 0 0 0 0]";
-        static double time = 0.0;
-        for (int i = 0; i < 4; ++i, time += 0.5) {
-            const QString flag = i < 3 ? "1" : "0";
-            matching->set_ascii_data("ts", qPrintable(QString("ts %1").arg(time)));
-            matching->set_ascii_data("6dmt2", qPrintable(QString(frame).arg(x).arg(y).arg(flag)));
-        }
-    }
-
-    bool edit_before = false;
+    std::unique_ptr<FakeController> controller;
+    std::unique_ptr<RoomAdjustmentDlg2g> dialog;
+    std::function<void(QMessageBox*)> at_question; ///< if set, a number is edited first
+    std::function<void(AbcMatchingDialog*)> at_matching;
     double shown[4];
     bool apply_enabled = false;
 };

@@ -47,14 +47,14 @@ protected:
 // The repair character by character, for short texts.
 bool repair_literally(QByteArray& text)
 {
-    QByteArrayList parts = QByteArray(text).replace(',', '.').split('.').mid(0, 2);
+    QByteArrayList parts = text.trimmed().replace(',', '.').split('.').mid(0, 2);
     while (parts.size() < 2)
         parts << "";
     parts[1] = parts[1].leftJustified(2, '0', true);
     bool good = true;
     for (QByteArray& part : parts) {
-        bool is_int;
-        part.trimmed().toInt(&is_int);
+        const int sign = &part == &parts[0] && (part.startsWith('-') || part.startsWith('+'));
+        const bool is_int = QRegExp("[05]+").exactMatch(part.mid(sign));
         good = good && is_int;
         if (!is_int)
             part = "0";
@@ -93,6 +93,10 @@ private slots:
             {"1 1 2 3", ""},
             {"(1)\n", ""},
             {"", "unknown"},
+            {"\xEF\xBB\xBF"
+             "1 1 2 3\n",
+             "1 2 3"}, // a byte order mark
+            {"1 -2147483520 2 3\n1 1 2147483648 3\n", "-2.14748e+09 2 3"},
             {"1 1 2 3| 4\n|2 4 5 6\n3 7 8| 9\n", "1 2 3"}, // | is a zero byte
         };
         for (const auto& row : rows)
@@ -199,19 +203,31 @@ private slots:
 
     void repairs_numbers()
     {
+        const QString minus(QChar(0x2212)), thin(QChar(0x2009)), mark(QChar(0x200e));
         const struct
         {
             QString text;
             const char* repaired;
             bool good;
-        } rows[] = {{"12", "12.00", true},        {"12,5", "12.50", true},
-                    {"12.345", "12.34", true},    {"0.999", "0.99", true},
-                    {"-3.5", "-3.50", true},      {"1.2.3", "1.20", true},
-                    {"+5", "+5.00", true},        {"007", "007.00", true},
-                    {".5", "0.50", false},        {"abc", "0.00", false},
-                    {"12.x", "12.0", false},      {"1e3", "0.00", false},
-                    {"", "0.00", false},          {"-2147483648.9", "-2147483648.90", true},
-                    {"2147483648", "0.00", false}};
+        } rows[] = {{"12", "12.00", true},
+                    {"12,5", "12.50", true},
+                    {"0.999", "0.99", true},
+                    {"1.2.3", "1.20", true},
+                    {"+5", "+5.00", true},
+                    {"007", "007.00", true},
+                    {".5", "0.50", false},
+                    {"12.x", "12.0", false},
+                    {"1e3", "0.00", false},
+                    {"", "0.00", false},
+                    {"-2147483648.9", "-2147483648.90", true},
+                    {"2147483648", "0.00", false},
+                    {minus + "5", "-5.00", true},
+                    {QString(QChar(0x2013)) + "0,5", "-0.50", true},
+                    {thin + "100.5" + QChar(0xa0), "100.50", true},
+                    {mark + "100\n" + mark, "100.00", true},
+                    {"1" + thin + "000", "0.00", false},
+                    {"7.-5", "7.0", false},
+                    {QChar(0x0663), "0.00", false}}; // an Arabic digit
         for (const auto& row : rows) {
             QString text = row.text;
             QCOMPARE(repair_number(text), row.good);

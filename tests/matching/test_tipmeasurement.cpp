@@ -1,10 +1,7 @@
 // The tip measurement: states, judgement and texts, and what the start asks of the controller.
-#include "tests/support/dialog_driver.h"
-#include "tests/support/fake_controller.h"
-#include "tests/support/fatal_logger.h"
-#include "tests/support/measuring_tool.h"
+#include "tests/matching/matchingfixture.h"
 
-#include <QtTest/QtTest>
+#include <thread>
 
 typedef std::vector<std::string> Log;
 
@@ -15,7 +12,7 @@ const char* const short_failure = "Measurement failed :\nTip moved too much duri
 
 }
 
-class TestTipMeasurement : public QObject
+class TestTipMeasurement : public QObject, private MatchingFixture
 {
     Q_OBJECT
 
@@ -24,13 +21,9 @@ private slots:
 
     void init()
     {
-        controller.reset(new FakeController);
-        versions = backend(1, 20);
-        dialog.reset(new AbcMatchingDialog(controller.get(), &versions, nullptr));
+        start();
         // An opening selects tool 1; the data path then works with the dialog closed, too.
-        when_open<AbcMatchingDialog>([](AbcMatchingDialog* open) { open->close(); });
-        dialog->update_and_exec();
-        tool.reset(new MeasuringTool(dialog.get()));
+        exec([] {});
         controller->log.clear();
     }
 
@@ -63,7 +56,7 @@ private slots:
         tool->buttons = 0;
         feed_once();
         QTEST(int(dialog->getMPCount()), "points");
-        QTEST(text(), "text");
+        QTEST(report(), "text");
         if (dialog->getMPCount())
             QVERIFY(std::abs(dialog->getMP(0).x - 10.0) < 1e-12);
     }
@@ -74,7 +67,7 @@ private slots:
         dialog->set_ascii_data("6dmt2", tool->line().constData());
         tool->buttons = 0;
         dialog->set_ascii_data("6dmt2", tool->line().constData());
-        QCOMPARE(text(), QString());
+        QCOMPARE(report(), QString());
         QCOMPARE(dialog->getMPCount(), 0u);
     }
 
@@ -94,10 +87,10 @@ private slots:
         feed_once();
         tool->quality = 0.999;
         feed_once();
-        QCOMPARE(text(), QString(short_failure));
+        QCOMPARE(report(), QString(short_failure));
         tool->quality = -1.0;
         feed_once();
-        QCOMPARE(text(), QString(short_failure));
+        QCOMPARE(report(), QString(short_failure));
     }
 
     void a_held_start_button_pauses_and_asks_with_every_line()
@@ -110,12 +103,48 @@ private slots:
         feed_once();
         feed_once();
         QCOMPARE(started.count(), 3); // two tool lines and the time line between them
-        QCOMPARE(text(), QString());
+        QCOMPARE(report(), QString());
         tool->buttons = 1;
         feed_once();
         tool->buttons = 0;
         feed_once();
         QCOMPARE(dialog->getMPCount(), 1u);
+    }
+
+    void a_held_button_leaves_one_start_waiting()
+    {
+        QSignalSpy started(dialog.get(), SIGNAL(startTipMea()));
+        tool->buttons = 2;
+        for (int i = 0; i < 2; ++i) {
+            std::thread([this] {
+                for (int frame = 0; frame < 60; ++frame)
+                    dialog->set_ascii_data("6dmt2", tool->line().constData());
+            }).join();
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(started.count(), 120);
+        QCOMPARE(controller->sent().size(), std::size_t(2));
+    }
+
+    void endless_measurements_are_given_up()
+    {
+        const QByteArray measuring = (tool->buttons = 1, tool->line());
+        for (int i = 0; i < 100002; ++i)
+            dialog->set_ascii_data("6dmt2", measuring.constData());
+        QCOMPARE(report(), QString("Measurement failed :\nThe tool went on measuring for more than "
+                                   "100000 samples."));
+        feed_once();
+        tool->buttons = 0;
+        feed_once();
+        QCOMPARE(dialog->getMPCount(), 0u);
+        for (int i = 0; i < 1001; ++i)
+            tool->measure(1, 2, 3);
+        QCOMPARE(report(),
+                 QString("Measurement failed :\nThe table holds no more than 1000 points."));
+        QCOMPARE(dialog->getMPCount(), 1000u);
+        QVERIFY(measurements()->viewport()->rect().intersects(
+            measurements()->visualItemRect(measurements()->item(999, 0))));
+        QVERIFY(measurements()->selectedItems().isEmpty());
     }
 
     void a_stick_button_starts_too()
@@ -188,6 +217,7 @@ private slots:
         QTest::newRow("6dmt2") << "6dmt2" << true;
         QTest::newRow("6dmt") << "6dmt" << true;
         QTest::newRow("6dmt with a blank is parsed only") << "6dmt " << false;
+        QTest::newRow("whatever stands behind it") << "6dmt x" << false;
     }
 
     void which_lines_are_looked_at()
@@ -213,15 +243,12 @@ private slots:
     void another_tool_is_not_taken()
     {
         controller->values["measurementtool tip_calibrated b01"] = "0";
-        when_open<AbcMatchingDialog>([](AbcMatchingDialog* open) { open->close(); });
-        dialog->update_and_exec();
+        exec([] {});
         tool->measure(1, 2, 3, 6);
         QCOMPARE(dialog->getMPCount(), 0u);
     }
 
 private:
-    QString text() { return dialog->findChild<QTextEdit*>("w_trafoText")->toPlainText(); }
-
     void feed_once() { QCOMPARE(tool->frame(), 0); }
 
     void shaken_measurement(double shake)
@@ -238,11 +265,6 @@ private:
         tool->buttons = 0;
         dialog->set_ascii_data("6dmt2", tool->line().constData());
     }
-
-    std::unique_ptr<FakeController> controller;
-    BackendVersions versions;
-    std::unique_ptr<AbcMatchingDialog> dialog;
-    std::unique_ptr<MeasuringTool> tool;
 };
 
 QTEST_MAIN(TestTipMeasurement)

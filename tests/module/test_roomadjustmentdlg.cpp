@@ -444,14 +444,6 @@ private slots:
         QCOMPARE(controller->log.size(), start);
     }
 
-    void a_nan_in_the_controller_counts_as_changed()
-    {
-        controller->values["tracking extra_scaling"] = "nan";
-        BoxAnswer answer(QMessageBox::Yes);
-        exec([this] { child<QPushButton>("btn_cancel")->click(); });
-        QVERIFY(answer.seen);
-    }
-
 private:
     template <typename T>
     T* child(const char* name)

@@ -49,7 +49,7 @@ bool try_all_orders(Lists& lists, int* order, TieRule rule)
             std::memcpy(candidate[i], lists.measured[tried[i]], sizeof candidate[i]);
         double T[4][4];
         double residual;
-        if (plain::start_trafo(T, lists.reference, candidate) != 0
+        if (trafo3d_3trafo(T, lists.reference, candidate) != 0
             || plain::fit_trafo(T, nullptr, lists.reference, candidate, n, &residual) != 0)
             continue;
         if (!found || is_better(residual, best, rule)) {
