@@ -1,6 +1,7 @@
 #include "host/demo/demo.h"
 #include "host/options.h"
 #include "host/session.h"
+#include "host/translation.h"
 
 #include <QApplication>
 
@@ -52,6 +53,9 @@ int main(int argc, char** argv)
     QString error;
     if (!read_options(QCoreApplication::arguments() + hidden, &options, &error))
         return complain(error, wrong_arguments);
+    if (!load_translations(options.language, options.plugin))
+        return complain(QStringLiteral("no texts in language %1").arg(options.language),
+                        wrong_arguments);
     if (options.demo)
         Demo::prepare(&options);
     Session session(options);

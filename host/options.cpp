@@ -37,6 +37,7 @@ void add_options(QCommandLineParser& parser)
         {"controller", "Use the controller that listens there.", "host:port"},
         {"simulator", "Simulator to start.", file, beside_program("tracking-simulator")},
         {"simulator-option", "Pass this on to the simulator; may be given repeatedly.", "option"},
+        {"language", "Show texts in this language: en, de or ja.", "code"},
         {"observer", "Watch only: modules offer nothing that changes the controller."},
         {"record", "Keep the data lines with their times.", file},
         {"replay", "Play a recording back in place of the controller's data.", file},
@@ -57,6 +58,7 @@ bool read_options(const QStringList& arguments, Options* options, QString* error
     options->plugin = parser.value("plugin");
     options->simulator = parser.value("simulator");
     options->simulator_options = parser.values("simulator-option");
+    options->language = parser.value("language");
     options->observer = parser.isSet("observer");
     options->record_file = parser.value("record");
     options->replay_file = parser.value("replay");

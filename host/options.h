@@ -12,6 +12,7 @@ struct Options
     QStringList simulator_options; ///< passed on as they are
     QString controller_host;       ///< empty: start a simulator
     quint16 controller_port = 0;
+    QString language; ///< code such as "de"; empty: the desktop's
     bool observer = false;
     QString record_file; ///< empty: do not record
     QString replay_file; ///< empty: deliver the controller's data

@@ -74,6 +74,12 @@ std::vector<double> values(const std::array<const char*, 3>& boxes)
     return numbers;
 }
 
+/// A text of the module's menu in the language that is loaded, without its mnemonic.
+QString module_text(const char* text)
+{
+    return QCoreApplication::translate("RoomAdjustmentModule2g", text).remove(QLatin1Char('&'));
+}
+
 void click(const QString& window, const char* button)
 {
     driver::click(driver::find<QPushButton>(window, QLatin1String(button)));
@@ -160,13 +166,13 @@ void Scenario::prepareSimulator()
 
 void Scenario::planOpening()
 {
-    const QString menu = QStringLiteral("Calibration");
+    const QString menu = module_text("&Calibration");
     stepper.pause(settle_time);
     stepper.act("open the menu", [=] { driver::open_menu(main_window, menu); });
     planPicture("menu");
     stepper.act("choose the menu entry", [=] {
         driver::close_menus();
-        driver::menu_entry(main_window, menu, QStringLiteral("Room adjustment")).trigger();
+        driver::menu_entry(main_window, menu, module_text("Room a&djustment")).trigger();
     });
     stepper.await("room adjustment dialog", [] { return driver::visible_window(adjustment); });
 }

@@ -1,0 +1,118 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Tracking Control</source>
+        <translation>Tracking Control</translation>
+    </message>
+    <message>
+        <source>M&amp;essages</source>
+        <translation>M&amp;eldungen</translation>
+    </message>
+    <message>
+        <source>Messages of the modules appear here.</source>
+        <translation>Hier erscheinen Meldungen der Module.</translation>
+    </message>
+    <message>
+        <source>Con&amp;troller traffic</source>
+        <translation>Con&amp;troller-Verkehr</translation>
+    </message>
+    <message>
+        <source>Requests to the controller and its replies appear here.</source>
+        <translation>Hier erscheinen Anfragen an den Controller und seine Antworten.</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>C&amp;lear panes</source>
+        <translation>&amp;Felder leeren</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Über</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Front-end for a tracking controller.
+
+Loads modules, passes their texts to the controller and delivers its tracking data to them.</source>
+        <translation>Front-End für einen Tracking-Controller.
+
+Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen dessen Trackingdaten.</translation>
+    </message>
+</context>
+<context>
+    <name>Session</name>
+    <message>
+        <source>Observer: nothing can be changed</source>
+        <translation>Beobachter: Nichts kann geändert werden</translation>
+    </message>
+    <message>
+        <source>The controller at %1 does not tell its version: %2</source>
+        <translation>Der Controller unter %1 nennt seine Version nicht: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a version</source>
+        <translation>„%1“ ist keine Version</translation>
+    </message>
+    <message>
+        <source>There is no port to receive data on</source>
+        <translation>Es gibt keinen Port, um Daten zu empfangen</translation>
+    </message>
+    <message>
+        <source>The controller does not send data</source>
+        <translation>Der Controller sendet keine Daten</translation>
+    </message>
+    <message>
+        <source>Module loaded: %1</source>
+        <translation>Modul geladen: %1</translation>
+    </message>
+    <message>
+        <source>The controller does not answer: %1</source>
+        <translation>Der Controller antwortet nicht: %1</translation>
+    </message>
+    <message>
+        <source>Controller %1</source>
+        <translation>Controller %1</translation>
+    </message>
+    <message>
+        <source>&lt;font color=&apos;#a00000&apos;&gt;Controller %1 does not answer&lt;/font&gt;</source>
+        <translation>&lt;font color=&apos;#a00000&apos;&gt;Controller %1 antwortet nicht&lt;/font&gt;</translation>
+    </message>
+    <message>
+        <source>Data %1 frames/s</source>
+        <translation>Daten: %1 Bilder/s</translation>
+    </message>
+    <message>
+        <source>Replay of %1, %2 lines</source>
+        <translation>Wiedergabe von %1, %2 Zeilen</translation>
+    </message>
+    <message>
+        <source>, %1 torn</source>
+        <translation>, %1 abgerissen</translation>
+    </message>
+    <message>
+        <source>, recording to %1</source>
+        <translation>, Aufzeichnung in %1</translation>
+    </message>
+    <message>
+        <source>Backend %1 | %2</source>
+        <translation>Backend %1 | %2</translation>
+    </message>
+</context>
+</TS>

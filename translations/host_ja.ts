@@ -1,0 +1,118 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP">
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Tracking Control</source>
+        <translation>Tracking Control</translation>
+    </message>
+    <message>
+        <source>M&amp;essages</source>
+        <translation>メッセージ(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Messages of the modules appear here.</source>
+        <translation>モジュールのメッセージがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Con&amp;troller traffic</source>
+        <translation>コントローラーとの通信(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Requests to the controller and its replies appear here.</source>
+        <translation>コントローラーへの要求と応答がここに表示されます。</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>C&amp;lear panes</source>
+        <translation>表示を消去(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>このプログラムについて(&amp;A)</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>このプログラムについて</translation>
+    </message>
+    <message>
+        <source>Front-end for a tracking controller.
+
+Loads modules, passes their texts to the controller and delivers its tracking data to them.</source>
+        <translation>トラッキングコントローラーのフロントエンド。
+
+モジュールを読み込み、その要求をコントローラーに渡し、トラッキングデータをモジュールに届けます。</translation>
+    </message>
+</context>
+<context>
+    <name>Session</name>
+    <message>
+        <source>Observer: nothing can be changed</source>
+        <translation>監視モード: 変更できません</translation>
+    </message>
+    <message>
+        <source>The controller at %1 does not tell its version: %2</source>
+        <translation>%1 のコントローラーがバージョンを返しません: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a version</source>
+        <translation>「%1」はバージョンではありません</translation>
+    </message>
+    <message>
+        <source>There is no port to receive data on</source>
+        <translation>データを受信するポートがありません</translation>
+    </message>
+    <message>
+        <source>The controller does not send data</source>
+        <translation>コントローラーがデータを送信しません</translation>
+    </message>
+    <message>
+        <source>Module loaded: %1</source>
+        <translation>モジュールを読み込みました: %1</translation>
+    </message>
+    <message>
+        <source>The controller does not answer: %1</source>
+        <translation>コントローラーが応答しません: %1</translation>
+    </message>
+    <message>
+        <source>Controller %1</source>
+        <translation>コントローラー %1</translation>
+    </message>
+    <message>
+        <source>&lt;font color=&apos;#a00000&apos;&gt;Controller %1 does not answer&lt;/font&gt;</source>
+        <translation>&lt;font color=&apos;#a00000&apos;&gt;コントローラー %1 が応答しません&lt;/font&gt;</translation>
+    </message>
+    <message>
+        <source>Data %1 frames/s</source>
+        <translation>データ %1 フレーム/秒</translation>
+    </message>
+    <message>
+        <source>Replay of %1, %2 lines</source>
+        <translation>%1 を再生中、%2 行</translation>
+    </message>
+    <message>
+        <source>, %1 torn</source>
+        <translation>、欠損 %1</translation>
+    </message>
+    <message>
+        <source>, recording to %1</source>
+        <translation>、%1 に記録中</translation>
+    </message>
+    <message>
+        <source>Backend %1 | %2</source>
+        <translation>バックエンド %1 | %2</translation>
+    </message>
+</context>
+</TS>
