@@ -10,6 +10,7 @@
 #include "controller/vocabulary.h"
 #include "platform/headersections.h"
 
+#include <QPointer>
 #include <QStandardItemModel>
 
 #include <algorithm>
@@ -67,6 +68,8 @@ void CoarseAdjustment::setupTableView()
     set_sections_clickable(ui.tableView->horizontalHeader(), false);
     ui.tableView->setSelectionMode(QAbstractItemView::NoSelection);
     ui.tableView->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // Nothing can be done in a cell, so Tab goes to the next widget and not to the next cell.
+    ui.tableView->setTabKeyNavigation(false);
 }
 
 void CoarseAdjustment::updateTableViewColumnWidth()
@@ -118,9 +121,12 @@ void CoarseAdjustment::do_update()
     update_enabled = false;
     update_comboBox_top();
     update_comboBox_right();
-    roomcal_coord_type = get_roomcal_coord_type();
-    if (roomcal_coord_type < 0)
-        roomcal_coord_type = calibration_none;
+    // A message of the host may run an event loop, in which this tab ends.
+    const QPointer<CoarseAdjustment> self(this);
+    const int type = get_roomcal_coord_type();
+    if (!self)
+        return;
+    roomcal_coord_type = type < 0 ? static_cast<int>(calibration_none) : type;
     if (roomcal_coord_type == calibration_none)
         reset_roomcal_coord_type();
     else

@@ -14,7 +14,8 @@ class Requester;
 ///
 /// While it waits for the controller, an operation must not process events. Only `show_message` may
 /// run an event loop, for instance that of a message box. There, everything may happen that may
-/// happen between two events: data lines, further clicks, even the end of the module.
+/// happen between two events: data lines, further clicks, even `exit_module`. The module goes on
+/// when `show_message` returns, so until then the library must stay loaded and this object alive.
 class IOManager
 {
 public:
@@ -49,7 +50,8 @@ public:
     virtual int subscribe_data(const char* line_type, Requester* requester) = 0;
     virtual int unsubscribe_data(const char* line_type, Requester* requester) = 0;
 
-    /// Makes `requester` known to the host, or takes it back.
+    /// Makes `requester` known to the host, or takes it back. Taking it back ends its subscriptions
+    /// as well: a dialog that is deleted while it is open does not unsubscribe.
     virtual int add_requester(Requester* requester) = 0;
     virtual int remove_requester(Requester* requester) = 0;
 

@@ -22,24 +22,35 @@ struct _GuiElement
 
 /// Implemented by the plug-in's one object, called by the host on its GUI thread. The order of the
 /// operations is part of the binary contract between host and plug-in.
+///
+/// At its end a host calls about_to_exit_module(), exit_module(), and only then deletes the objects
+/// it passed by set_param().
 class ModuleInterface
 {
 public:
     virtual ~ModuleInterface() {}
 
-    /// Last call in which the module may speak to the controller.
+    /// The module takes its requester back from the host. To be called while the window passed as
+    /// "ModuleParent" still lives: the dialog goes with that window, and then nobody takes the
+    /// requester back. Harmless without a dialog.
     virtual void about_to_exit_module() = 0;
 
-    /// Deletes everything the module has built; harmless if called twice.
+    /// Deletes the dialog, also while windows of the module are open; what waits for their answers
+    /// ends. If the controller works with the default extra transformation for the sake of a
+    /// measurement, it gets its own back here. The action stays until the library is unloaded: take
+    /// it out of the menu. Harmless if called twice. Unloading the library calls it if nobody has.
     virtual void exit_module() = 0;
 
     virtual QString get_module_name() const = 0;
     virtual QString get_module_version() const = 0;
 
-    /// The menu contributions; the same elements at every call. Empty in observer mode.
+    /// The menu contributions; the same elements at every call. Empty in observer mode. A call
+    /// after exit_module() builds anew: another dialog, and beside the first action, which still
+    /// lives, a second one with the same shortcut.
     virtual QList<_GuiElement*> get_gui_elements() = 0;
 
-    /// Hands over a value before the first `get_gui_elements`; unknown keys are ignored.
+    /// Hands over a value before the first `get_gui_elements`; unknown keys are ignored. Objects
+    /// stay the host's and must live until exit_module() has returned.
     virtual void set_param(QString key, QVariant value) = 0;
 };
 

@@ -10,7 +10,7 @@ class Requester
 public:
     /// One tracking data line of a subscribed type, as zero-terminated text. May be called from
     /// any one thread. Returns 0 if the line was taken or is of no interest, a negative number
-    /// otherwise; the host need not look at it.
+    /// otherwise, also for a null pointer; the host need not look at it.
     virtual int set_ascii_data(const char* line_type, const char* line) = 0;
 
     /// The host says that a measurement has started.

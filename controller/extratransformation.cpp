@@ -3,7 +3,7 @@
 #include "controller/roomadjustmentdata.h"
 #include "controller/vocabulary.h"
 
-void write_extra_transformation(IOManager* io_manager, const RoomAdjustmentData& data,
+void write_extra_transformation(IOManager* io_manager, RoomAdjustmentData data,
                                 const WriteMessages& messages)
 {
     const double* r = data.rotation;

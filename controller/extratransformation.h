@@ -2,8 +2,9 @@
 #ifndef CONTROLLER_EXTRATRANSFORMATION_H
 #define CONTROLLER_EXTRATRANSFORMATION_H
 
+#include "controller/roomadjustmentdata.h"
+
 class IOManager;
-struct RoomAdjustmentData;
 
 /// The messages shown if a write fails; they differ with who writes, and why.
 struct WriteMessages
@@ -14,8 +15,8 @@ struct WriteMessages
 };
 
 /// Rotation, translation, scaling, always in this order; a failed write has its message and does
-/// not stop the next.
-void write_extra_transformation(IOManager* io_manager, const RoomAdjustmentData& data,
+/// not stop the next. `data` is a copy: its owner may be gone once a message has been shown.
+void write_extra_transformation(IOManager* io_manager, RoomAdjustmentData data,
                                 const WriteMessages& messages);
 
 #endif

@@ -5,9 +5,11 @@
 #include "controller/vocabulary.h"
 #include "fine/cootrans.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPointer>
 #include <QStandardItemModel>
 
 namespace
@@ -24,8 +26,8 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager* io_manager, QWidget* parent,
                                          BackendVersions* backend_versions, QString)
     : QDialog(parent), io_manager(io_manager), backend_versions(backend_versions),
       parent_widget(parent), model(nullptr), coarse_tab(nullptr), fine_tab(nullptr),
-      fine_angles(this), config_locked(false), tabs_ready(false), ok_pending(false),
-      subscribed(false)
+      fine_angles(this), config_locked(false), tabs_ready(false), ok_pending(false), running(false),
+      exchanging(false), subscribed(false)
 {
     ui.setupUi(this);
     lock_icon.addFile(QString::fromLatin1(":/lock.png"), QSize(), QIcon::Normal, QIcon::Off);
@@ -80,15 +82,60 @@ void RoomAdjustmentDlg2g::enableDialog(bool enable, bool tracking_state)
 
 int RoomAdjustmentDlg2g::update_and_exec()
 {
+    // A second opening would overwrite the state that Cancel returns to.
+    if (running) {
+        bringToFront();
+        return Rejected;
+    }
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    running = true;
+    prepare();
+    const int result = self ? exec() : static_cast<int>(Rejected);
+    if (self)
+        running = false;
+    return result;
+}
+
+void RoomAdjustmentDlg2g::bringToFront()
+{
+    if (!isVisible())
+        return;
+    raise();
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal && modal != this)
+        modal->raise();
+    (modal ? modal : this)->activateWindow();
+}
+
+/// All that comes before the dialog shows. The dialog may be gone afterwards.
+void RoomAdjustmentDlg2g::prepare()
+{
+    const QPointer<RoomAdjustmentDlg2g> self(this);
     tabs_ready = false;
     ui.tabWidget->setCurrentIndex(coarse_index);
-    if (!isTrackingAvailable() || !isRoomcalAvailable()) {
+    const bool usable = isTrackingAvailable() && isRoomcalAvailable();
+    if (!self)
+        return;
+    if (!usable) {
         setControlsDefaultValues();
         enableDialog(false, true);
-        return exec();
+        return;
     }
-
     updateModel();
+    if (self)
+        prepareByLock();
+    if (!self)
+        return;
+    setMinimumHeight(working_minimum_height);
+    setMinimumWidth(working_minimum_width);
+    start_tracking();
+    if (self)
+        tabs_ready = true;
+}
+
+void RoomAdjustmentDlg2g::prepareByLock()
+{
+    const QPointer<RoomAdjustmentDlg2g> self(this);
     config_locked = is_config_locked();
     if (config_locked)
         setWindowIcon(lock_icon);
@@ -100,13 +147,8 @@ int RoomAdjustmentDlg2g::update_and_exec()
     else
         enableDialog(false, true);
     // A scaling outside its limits lets the fine tab ask for Apply while it fills its numbers.
-    if (config_locked)
+    if (self && config_locked)
         ui.btn_apply->setEnabled(false);
-    setMinimumHeight(working_minimum_height);
-    setMinimumWidth(working_minimum_width);
-    start_tracking();
-    tabs_ready = true;
-    return exec();
 }
 
 void RoomAdjustmentDlg2g::prepareTabs()
@@ -126,42 +168,87 @@ void RoomAdjustmentDlg2g::ondo_btn_apply_enable(bool enable) { ui.btn_apply->set
 
 void RoomAdjustmentDlg2g::on_btn_apply_clicked()
 {
+    if (exchanging)
+        return;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const bool was_open = isVisible();
+    exchanging = true;
     fine_tab->updateGlobalData();
     stop_tracking();
-    sendDataToZtc();
-    updateModel();
+    if (self)
+        sendDataToZtc();
+    if (self)
+        updateModel();
+    if (!self)
+        return;
+    exchanging = false;
     ui.btn_apply->setEnabled(false);
-    if (!ok_pending)
+    if (!ok_pending && isVisible() == was_open)
         start_tracking();
 }
 
 void RoomAdjustmentDlg2g::on_btn_ok_clicked()
 {
+    if (exchanging)
+        return;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const bool was_open = isVisible();
     ok_pending = true;
     on_btn_apply_clicked();
+    if (!self)
+        return;
     ok_pending = false;
-    accept();
+    if (isVisible() == was_open)
+        accept();
 }
 
 void RoomAdjustmentDlg2g::on_btn_cancel_clicked()
 {
+    if (exchanging)
+        return;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const bool was_open = isVisible();
+    exchanging = true;
     // A dialog that could not be used has nothing to take back.
-    if (ui.tabWidget->isEnabled()) {
-        const bool equal = fine_tab->controlValuesEqualsGlobalData();
-        const bool changed = raDataChanged();
-        if ((changed || !equal)
-            && QMessageBox::warning(this, tr("Room Adjustment"), tr("Discard changes?"),
-                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-                   != QMessageBox::Yes)
-            return;
-        // Asked again: the controller may have changed while the question stood.
-        if (raDataChanged()) {
-            copyRaData(ra_data, ra_data_saved);
-            sendDataToZtc();
-        }
+    const bool leave = !ui.tabWidget->isEnabled() || takeBack();
+    if (self && leave)
+        stop_tracking();
+    if (!self)
+        return;
+    exchanging = false;
+    if (leave && isVisible() == was_open)
+        reject();
+}
+
+/// Brings the controller back to the state at opening. False if the user would rather stay, and if
+/// the dialog was closed or deleted meanwhile.
+bool RoomAdjustmentDlg2g::takeBack()
+{
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const bool equal = fine_tab->controlValuesEqualsGlobalData();
+    const bool changed = raDataChanged();
+    if ((changed || !equal) && !mayDiscard())
+        return false;
+    // Asked again: the controller may have changed while the question stood.
+    if (raDataChanged()) {
+        copyRaData(ra_data, ra_data_saved);
+        sendDataToZtc();
     }
-    stop_tracking();
-    reject();
+    return self;
+}
+
+bool RoomAdjustmentDlg2g::mayDiscard()
+{
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const bool was_open = isVisible();
+    // Not on the stack: whoever deletes this dialog deletes the box as well.
+    const QPointer<QMessageBox> box(new QMessageBox(QMessageBox::Warning, tr("Room Adjustment"),
+                                                    tr("Discard changes?"),
+                                                    QMessageBox::Yes | QMessageBox::No, this));
+    box->setDefaultButton(QMessageBox::No);
+    const int answer = box->exec();
+    delete box;
+    return self && answer == QMessageBox::Yes && isVisible() == was_open;
 }
 
 void RoomAdjustmentDlg2g::on_tabWidget_currentChanged(int index)

@@ -59,7 +59,8 @@ public:
     bool raDataChanged();
 
 public slots:
-    /// Opens the dialog; returns what exec() returns.
+    /// Opens the dialog; returns what exec() returns, or 0 if the dialog was deleted meanwhile. If
+    /// it is open already, its window is raised and the result is 0 at once.
     int update_and_exec();
     void onDataChanged(bool changed);
     void ondo_btn_apply_enable(bool enable);
@@ -92,7 +93,12 @@ private:
     void setupTabs(QWidget* matching_parent);
     void setupConnections();
     void enableDialog(bool enable, bool tracking_state);
+    void bringToFront();
+    void prepare();
+    void prepareByLock();
     void prepareTabs();
+    bool takeBack();
+    bool mayDiscard();
     bool isTrackingAvailable();
     bool is_config_locked();
     bool isRoomcalAvailable();
@@ -116,6 +122,9 @@ private:
     QIcon lock_icon;
     bool tabs_ready;
     bool ok_pending;
+    bool running; ///< from the action to the end of its window
+    bool
+        exchanging; ///< Apply, OK or Cancel is under way: a message of the host lets events through
     QAtomicInt current_tab; ///< mirrors the tab index for the data path
     bool subscribed;        ///< keeps subscribing and unsubscribing a balanced pair
 };

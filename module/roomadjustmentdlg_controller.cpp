@@ -7,6 +7,7 @@
 #include "controller/versiongates.h"
 #include "controller/vocabulary.h"
 
+#include <QPointer>
 #include <QStandardItemModel>
 
 using vocabulary::show_error;
@@ -79,8 +80,10 @@ void RoomAdjustmentDlg2g::updateModel()
         show_error(io_manager, vocabulary::cannot_get_camera_count);
         return;
     }
+    // A message of the host may run an event loop, in which this dialog ends.
+    const QPointer<RoomAdjustmentDlg2g> self(this);
     model->setRowCount(camera_count);
-    for (int row = 0; row < camera_count; ++row)
+    for (int row = 0; self && row < camera_count; ++row)
         fillCameraRow(row);
 }
 
@@ -89,8 +92,11 @@ void RoomAdjustmentDlg2g::fillCameraRow(int row)
     const int camera = row + 1;
     ReplyText reply;
     const bool answered = query_text(io_manager, &reply, vocabulary::camera_room, camera);
+    const QPointer<RoomAdjustmentDlg2g> self(this);
     if (!answered)
         show_error(io_manager, vocabulary::cannot_get_camera_room);
+    if (!self)
+        return;
     const char* const room =
         answered && !reply.is(vocabulary::reply_none) ? reply.text : vocabulary::room_of_zeros;
 

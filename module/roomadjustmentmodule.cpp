@@ -5,6 +5,7 @@
 #include "module/roomadjustmentdlg.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QKeySequence>
 
 Q_DECLARE_METATYPE(IOManager*)
@@ -14,6 +15,14 @@ RoomAdjustmentModule2g::RoomAdjustmentModule2g()
     : module_parent(nullptr), gui_element(), io_manager(nullptr), backend_versions(nullptr),
       observer_mode(false)
 {
+}
+
+RoomAdjustmentModule2g::~RoomAdjustmentModule2g()
+{
+    // A host that unloads at the end of its process may have no application any more, and without
+    // one no window can be deleted.
+    if (QCoreApplication::instance())
+        RoomAdjustmentModule2g::exit_module();
 }
 
 QString RoomAdjustmentModule2g::get_module_name() const { return tr("GUI Room Adjustment"); }

@@ -23,6 +23,8 @@ class RoomAdjustmentModule2g : public QObject, public ModuleInterface
 
 public:
     RoomAdjustmentModule2g();
+    /// Unloading the library comes here; does what a forgotten exit_module() should have done.
+    ~RoomAdjustmentModule2g();
 
     QString get_module_name() const;
     QString get_module_version() const;

@@ -11,8 +11,10 @@
 #include <QtWidgets/QAction>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QMainWindow>
+#include <QtWidgets/QTableWidget>
 
 #include <fstream>
+#include <thread>
 
 Q_DECLARE_METATYPE(IOManager*)
 Q_DECLARE_METATYPE(BackendVersions*)
@@ -33,6 +35,13 @@ long resident_memory()
         }
     }
     return 0;
+}
+
+bool is_mapped(const std::string& library)
+{
+    std::ifstream maps("/proc/self/maps");
+    const std::string all((std::istreambuf_iterator<char>(maps)), std::istreambuf_iterator<char>());
+    return all.find(library) != std::string::npos;
 }
 
 bool is_sanitized()
@@ -56,6 +65,8 @@ private slots:
     void init()
     {
         loader.reset(new QPluginLoader(PLUGIN_FILE));
+        // By default Qt keeps what it unloads in the process.
+        loader->setLoadHints(QLibrary::LoadHints());
         QVERIFY2(loader->load(), qPrintable(loader->errorString()));
         module = qobject_cast<ModuleInterface*>(loader->instance());
         QVERIFY(module);
@@ -160,39 +171,76 @@ private slots:
         QVERIFY(!qobject_cast<QWidget*>(module->get_gui_elements()[0]->dialog)->parentWidget());
     }
 
-    void unloading_leaves_nothing_in_the_hosts_window()
+    void unloading_leaves_nothing_behind()
     {
-        const int children_before = window->findChildren<QObject*>().size();
-        pass_parameters();
-        open_and([this](QDialog* dialog) {
-            dialog->findChild<QTabWidget*>("tabWidget")->setCurrentIndex(1);
-            dialog->close();
-        });
-        module->about_to_exit_module();
-        module->exit_module();
-        QCOMPARE(window->findChildren<QObject*>().size(), children_before);
-        QVERIFY(loader->unload());
-        QVERIFY(!loader->isLoaded());
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        window.reset();
-        QCoreApplication::processEvents();
+        const int children_before = window->findChildren<QObject*>().size();
+        for (int round = 0; round < 4; ++round) {
+            pass_parameters();
+            std::thread data;
+            walk({"w_bodyMatchingButton"}, [&] {
+                data = std::thread([this] { deliver_lines(1000); });
+                QTest::qWait(20);
+                data.join();
+                close_all_dialogs();
+            });
+            const bool forgets_to_exit = round == 3;
+            if (!forgets_to_exit) {
+                module->about_to_exit_module();
+                module->exit_module();
+            }
+            QVERIFY(loader->unload());
+            QVERIFY(!is_mapped("libroomadjustment"));
+            QCOMPARE(window->findChildren<QObject*>().size(), children_before);
+            QTest::qWait(1);
+            QVERIFY(loader->load());
+            module = qobject_cast<ModuleInterface*>(loader->instance());
+        }
     }
 
-    void a_window_destroyed_first_takes_the_dialog_along()
+    void the_end_comes_while_a_window_stands_data()
     {
-        pass_parameters();
-        module->get_gui_elements();
-        window.reset();
-        module->about_to_exit_module();
-        module->exit_module();
-        QCOMPARE(controller->log, std::vector<std::string>{"add"});
+        QTest::addColumn<QStringList>("way");
+        const QString matching = "w_bodyMatchingButton";
+        QTest::newRow("the dialog itself") << QStringList{};
+        QTest::newRow("question of Cancel") << QStringList{"edit", "btn_cancel"};
+        QTest::newRow("question before matching") << QStringList{"edit", matching};
+        QTest::newRow("help of the view") << QStringList{"pushButton_helpView"};
+        QTest::newRow("matching") << QStringList{matching};
+        QTest::newRow("help of matching") << QStringList{matching, "pushButton_help"};
+        QTest::newRow("file box") << QStringList{matching, "w_loadButton"};
+        QTest::newRow("message of a table") << QStringList{matching, "cell"};
+    }
+
+    void the_end_comes_while_a_window_stands()
+    {
+        QFETCH(QStringList, way);
+        for (const bool window_goes : {false, true}) {
+            controller->values["tracking extra_translation"] = "1.000 2.000 3.000";
+            window.reset(new QMainWindow);
+            pass_parameters();
+            bool ended = false;
+            walk(way, [&] {
+                module->about_to_exit_module();
+                if (window_goes)
+                    window.reset();
+                module->exit_module();
+                ended = true;
+            });
+            QVERIFY(ended);
+            // What matching set aside comes back, and nothing starts tracking for nobody.
+            QCOMPARE(controller->values["tracking extra_translation"],
+                     std::string("1.000 2.000 3.000"));
+            QVERIFY(controller->log.back() != "do zetrak2 tracking start");
+            module->exit_module();
+        }
     }
 
     void memory_does_not_grow()
     {
         pass_parameters();
-        const int openings = is_sanitized() ? 20 : 1000;
+        const int openings = is_sanitized() ? 20 : 400;
         const auto open_and_apply = [this](QDialog* dialog) {
             dialog->findChild<QTabWidget*>("tabWidget")->setCurrentIndex(1);
             QDoubleSpinBox* x = dialog->findChild<QDoubleSpinBox*>("doubleSpinBox_x");
@@ -221,6 +269,54 @@ private:
         module->set_param("CommandManager", QVariant::fromValue<IOManager*>(controller.get()));
         module->set_param("ModuleParent", QVariant::fromValue<QWidget*>(window.get()));
         module->set_param("BackendVersions", QVariant::fromValue(&versions));
+    }
+
+    void deliver_lines(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            const QByteArray time = "ts " + QByteArray::number(i / 60.0);
+            controller->requester->set_ascii_data("ts", time.constData());
+            controller->requester->set_ascii_data(
+                "6dmt2", "6dmt2 1 1 [0 1 4 0][1 2 3][1 0 0 0 1 0 0 0 1][1][0 0 0 0 0 0]");
+        }
+    }
+
+    /// Opens the dialog's fine tab, goes from window to window by the buttons named, and calls
+    /// `end` in front of the last.
+    void walk(const QStringList& way, std::function<void()> end)
+    {
+        open_and([=](QDialog* dialog) {
+            dialog->findChild<QTabWidget*>("tabWidget")->setCurrentIndex(1);
+            step(way, dialog, end);
+        });
+    }
+
+    void step(QStringList way, QDialog* top, std::function<void()> end)
+    {
+        if (way.isEmpty())
+            return end();
+        const QString name = way.takeFirst();
+        if (name == "edit") {
+            top->findChild<QDoubleSpinBox*>("doubleSpinBox_x")->setValue(5.0);
+            return step(way, top, end);
+        }
+        await_other(top, [=](QDialog* next) { step(way, next, end); });
+        if (name == "cell") {
+            top->findChild<QPushButton*>("pushButton_addRefPoint")->click();
+            top->findChild<QTableWidget*>("tableWidget_referencePoints")->item(0, 0)->setText("?");
+        } else {
+            top->findChild<QPushButton*>(name)->click();
+        }
+    }
+
+    void await_other(QDialog* known, std::function<void(QDialog*)> then)
+    {
+        when_open<QDialog>([=](QDialog* top) {
+            if (top == known)
+                await_other(known, then);
+            else
+                then(top);
+        });
     }
 
     void open_and(std::function<void(QDialog*)> step)

@@ -29,6 +29,20 @@ const Log default_settings = {"set tracking extra_rotation " + identity_text,
                               "set tracking extra_translation -0.000 -0.000 -0.000",
                               "set tracking extra_scaling 1.00000"};
 
+/// How often a window was brought to the front.
+class RaiseCounter : public QObject
+{
+public:
+    int count = 0;
+
+    explicit RaiseCounter(QObject* window) { window->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::ZOrderChange;
+        return false;
+    }
+};
+
 Log join(std::initializer_list<Log> parts)
 {
     Log all;
@@ -319,6 +333,45 @@ private slots:
                  (Log{"do zetrak2 tracking start", "do zetrak2 tracking stop"}));
     }
 
+    void a_second_opening_raises_the_window_and_changes_nothing()
+    {
+        controller->values["tracking extra_translation"] = "1.000 2.000 3.000";
+        exec([this] {
+            child<QDoubleSpinBox>("doubleSpinBox_x")->setValue(5.25);
+            child<QPushButton>("btn_apply")->click();
+            child<QTabWidget>("tabWidget")->setCurrentIndex(1);
+            const Log before = controller->log;
+            RaiseCounter raises(dialog.get());
+            QCOMPARE(dialog->update_and_exec(), 0);
+            QCOMPARE(raises.count, 1);
+            QVERIFY(controller->log == before);
+            QCOMPARE(child<QTabWidget>("tabWidget")->currentIndex(), 1);
+            BoxAnswer answer(QMessageBox::Yes);
+            child<QPushButton>("btn_cancel")->click();
+        });
+        QCOMPARE(controller->values["tracking extra_translation"],
+                 std::string("1.000 2.000 3.000"));
+    }
+
+    void tab_walks_around_the_dialog_and_back()
+    {
+        const QStringList order = {"tableView",        "comboBox_top",        "comboBox_right",
+                                   "pushButton_reset", "qt_tabwidget_tabbar", "btn_ok",
+                                   "btn_cancel"};
+        exec([&] {
+            child<QTableView>("tableView")->setFocus();
+            for (int i = 0; i <= order.size(); ++i) {
+                QCOMPARE(dialog->focusWidget()->objectName(), order[i % order.size()]);
+                QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+            }
+            for (int i = order.size() + 1; i >= 0; --i) {
+                QCOMPARE(dialog->focusWidget()->objectName(), order[i % order.size()]);
+                QTest::keyClick(dialog->focusWidget(), Qt::Key_Backtab);
+            }
+            dialog->close();
+        });
+    }
+
     void window_close_keeps_what_was_applied()
     {
         exec([this] {
@@ -392,6 +445,8 @@ private slots:
             child<QTabWidget>("tabWidget")->setCurrentIndex(1);
             QCOMPARE(dialog->set_ascii_data("ts", "ts 1.5"), 0);
             QCOMPARE(dialog->set_ascii_data("ts", "ts no number"), -2);
+            QCOMPARE(dialog->set_ascii_data("ts", nullptr), -2);
+            QCOMPARE(dialog->set_ascii_data(nullptr, "ts 1.5"), -2);
             dialog->close();
         });
     }

@@ -202,8 +202,9 @@ int FakeController::unsubscribe_data(const char* line_type, Requester*)
     return 0;
 }
 
-int FakeController::add_requester(Requester*)
+int FakeController::add_requester(Requester* added)
 {
+    requester = added;
     log.push_back("add");
     return 0;
 }

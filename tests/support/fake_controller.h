@@ -27,6 +27,8 @@ public:
     int failing_call = -1;
     /// Calls so far that can fail.
     int calls = 0;
+    /// The one that was added last.
+    Requester* requester = nullptr;
 
     /// The messages shown, in order.
     std::vector<std::string> messages() const;
