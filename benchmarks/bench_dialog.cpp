@@ -2,10 +2,10 @@
 // the controller's answers and our own work; a turn of a spin box; a data line up to its signals.
 #include "contract/backendversions.h"
 #include "fine/cootrans.h"
-#include "host/controllerlink.h"
-#include "host/controllerprocess.h"
-#include "host/gateway.h"
-#include "host/subscriptions.h"
+#include "host/connection/controllerlink.h"
+#include "host/connection/controllerprocess.h"
+#include "host/connection/gateway.h"
+#include "host/connection/subscriptions.h"
 #include "matching/abcmatchingdialog.h"
 #include "module/roomadjustmentdlg.h"
 
@@ -112,7 +112,7 @@ struct Bench
         const QString program =
             QCoreApplication::applicationDirPath() + "/../bin/tracking-simulator";
         if (!process.launch(program, {"--headless", "--cameras", "16", "--exit-with-parent"})) {
-            std::fprintf(stderr, "%s\n", qPrintable(process.errorText()));
+            std::fprintf(stderr, "%s\n", qPrintable(process.error_text()));
             std::exit(1);
         }
         link.reset(new ControllerLink(process.host(), process.port()));

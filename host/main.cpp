@@ -60,7 +60,7 @@ int main(int argc, char** argv)
         Demo::prepare(&options);
     Session session(options);
     if (!session.start())
-        return complain(session.errorText(), cannot_start);
+        return complain(session.error_text(), cannot_start);
     if (!options.demo)
         return QApplication::exec();
     Demo demo(session, options);

@@ -10,22 +10,22 @@ Q_DECLARE_METATYPE(BackendVersions*)
 
 ModuleLoader::~ModuleLoader()
 {
-    aboutToExit();
-    exitAndUnload();
+    about_to_exit();
+    exit_and_unload();
 }
 
 bool ModuleLoader::load(const QString& file_name)
 {
-    loader.setFileName(file_name);
-    QObject* instance = loader.instance();
-    module = qobject_cast<ModuleInterface*>(instance);
-    if (module)
+    m_loader.setFileName(file_name);
+    QObject* instance = m_loader.instance();
+    m_module = qobject_cast<ModuleInterface*>(instance);
+    if (m_module)
         return true;
     const QString reason =
         instance ? QStringLiteral("it has no interface %1").arg(QLatin1String(ModuleInterface_iid))
-                 : loader.errorString();
-    error = QStringLiteral("%1 cannot be loaded as a module: %2").arg(file_name, reason);
-    loader.unload();
+                 : m_loader.errorString();
+    m_error = QStringLiteral("%1 cannot be loaded as a module: %2").arg(file_name, reason);
+    m_loader.unload();
     return false;
 }
 
@@ -33,34 +33,34 @@ void ModuleLoader::configure(const ModuleContext& context)
 {
     qRegisterMetaType<IOManager*>("IOManager*");
     qRegisterMetaType<BackendVersions*>("BackendVersions*");
-    module->set_param(QStringLiteral("CommandManager"), QVariant::fromValue(context.io_manager));
-    module->set_param(QStringLiteral("ModuleParent"), QVariant::fromValue(context.window));
-    module->set_param(QStringLiteral("BackendVersions"),
-                      QVariant::fromValue(context.backend_versions));
+    m_module->set_param(QStringLiteral("CommandManager"), QVariant::fromValue(context.io_manager));
+    m_module->set_param(QStringLiteral("ModuleParent"), QVariant::fromValue(context.window));
+    m_module->set_param(QStringLiteral("BackendVersions"),
+                        QVariant::fromValue(context.backend_versions));
     if (context.observer)
-        module->set_param(QStringLiteral("ObserverMode"), true);
+        m_module->set_param(QStringLiteral("ObserverMode"), true);
 }
 
 QString ModuleLoader::title() const
 {
-    return module->get_module_name() + QLatin1Char(' ') + module->get_module_version();
+    return m_module->get_module_name() + QLatin1Char(' ') + m_module->get_module_version();
 }
 
-QList<_GuiElement*> ModuleLoader::elements() { return module->get_gui_elements(); }
+QList<_GuiElement*> ModuleLoader::elements() { return m_module->get_gui_elements(); }
 
-void ModuleLoader::aboutToExit()
+void ModuleLoader::about_to_exit()
 {
-    if (!module || about_to_exit_told)
+    if (!m_module || m_about_to_exit_told)
         return;
-    about_to_exit_told = true;
-    module->about_to_exit_module();
+    m_about_to_exit_told = true;
+    m_module->about_to_exit_module();
 }
 
-void ModuleLoader::exitAndUnload()
+void ModuleLoader::exit_and_unload()
 {
-    if (!module)
+    if (!m_module)
         return;
-    module->exit_module();
-    module = nullptr;
-    loader.unload();
+    m_module->exit_module();
+    m_module = nullptr;
+    m_loader.unload();
 }

@@ -31,9 +31,9 @@ public:
     ModuleLoader(const ModuleLoader&) = delete;
     ModuleLoader& operator=(const ModuleLoader&) = delete;
 
-    /// False if the file is not a module for this host; errorText() says why.
+    /// False if the file is not a module for this host; error_text() says why.
     bool load(const QString& file_name);
-    QString errorText() const { return error; }
+    QString error_text() const { return m_error; }
 
     void configure(const ModuleContext& context);
 
@@ -42,15 +42,15 @@ public:
     QList<_GuiElement*> elements();
 
     /// The module's last chance to speak to the controller.
-    void aboutToExit();
+    void about_to_exit();
     /// Ends the module and takes the library out of memory. Harmless if there is none.
-    void exitAndUnload();
+    void exit_and_unload();
 
 private:
-    QPluginLoader loader;
-    ModuleInterface* module = nullptr;
-    bool about_to_exit_told = false;
-    QString error;
+    QPluginLoader m_loader;
+    ModuleInterface* m_module = nullptr;
+    bool m_about_to_exit_told = false;
+    QString m_error;
 };
 
 #endif

@@ -4,14 +4,14 @@
 
 #include "contract/backendversions.h"
 
-#include "host/controllerlink.h"
-#include "host/controllerprocess.h"
-#include "host/datareceiver.h"
-#include "host/gateway.h"
-#include "host/mainwindow.h"
+#include "host/connection/controllerlink.h"
+#include "host/connection/controllerprocess.h"
+#include "host/connection/datareceiver.h"
+#include "host/connection/gateway.h"
+#include "host/connection/subscriptions.h"
 #include "host/moduleloader.h"
 #include "host/options.h"
-#include "host/subscriptions.h"
+#include "host/window/mainwindow.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -28,43 +28,43 @@ public:
     ~Session() override;
 
     /// Brings everything up and shows the window. False if something essential is missing;
-    /// errorText() says what.
+    /// error_text() says what.
     bool start();
-    QString errorText() const { return error; }
+    QString error_text() const { return m_error; }
 
     /// Takes everything down; the destructor does it too.
-    void shutDown();
+    void shut_down();
 
-    ControllerLink& controller() { return *link; }
-    MainWindow& mainWindow() { return *window; }
+    ControllerLink& controller() { return *m_link; }
+    MainWindow& main_window() { return *m_window; }
 
 private:
-    bool findController();
-    bool readVersions();
-    bool startData();
-    bool startReplay();
-    bool startRecording();
-    bool startModule();
-    void noticeExchange(const Exchange& exchange);
-    void showState();
+    bool find_controller();
+    bool read_versions();
+    bool start_data();
+    bool start_replay();
+    bool start_recording();
+    bool start_module();
+    void notice_exchange(const Exchange& exchange);
+    void show_state();
     void warn(const QString& text);
     bool fail(const QString& text);
 
-    Options options;
-    QString error;
-    BackendVersions versions{};
-    ControllerProcess process;
-    Subscriptions subscriptions;
-    std::unique_ptr<DataReceiver> receiver;
-    std::unique_ptr<MainWindow> window;
-    std::unique_ptr<ControllerLink> link;
-    std::unique_ptr<Gateway> gateway;
-    ModuleLoader module;
-    QTimer state_timer;
-    QElapsedTimer state_clock;
-    DataReceiver::Counters last_counters{};
-    bool controller_answers = false;
-    bool streaming = false;
+    Options m_options;
+    QString m_error;
+    BackendVersions m_versions{};
+    ControllerProcess m_process;
+    Subscriptions m_subscriptions;
+    std::unique_ptr<DataReceiver> m_receiver;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<ControllerLink> m_link;
+    std::unique_ptr<Gateway> m_gateway;
+    ModuleLoader m_module;
+    QTimer m_state_timer;
+    QElapsedTimer m_state_clock;
+    DataReceiver::Counters m_last_counters{};
+    bool m_controller_answers = false;
+    bool m_streaming = false;
 };
 
 #endif

@@ -26,70 +26,70 @@ void Demo::prepare(Options* options)
 }
 
 Demo::Demo(Session& session, const Options& options)
-    : options(options), person(session.controller().host(), session.controller().port()),
-      scenario(stepper, person, session.mainWindow(), options.screenshot_folder)
+    : m_options(options), m_person(session.controller().host(), session.controller().port()),
+      m_scenario(m_stepper, m_person, session.main_window(), options.screenshot_folder)
 {
-    connect(&session.controller(), &ControllerLink::exchanged, this, &Demo::noticeExchange);
-    connect(&stepper, &Stepper::acting, this, &Demo::noticeStep);
-    connect(&stepper, &Stepper::finished, this, [this] { conclude(true, scenario.verdict()); });
-    connect(&stepper, &Stepper::failed, this,
+    connect(&session.controller(), &ControllerLink::exchanged, this, &Demo::notice_exchange);
+    connect(&m_stepper, &Stepper::acting, this, &Demo::notice_step);
+    connect(&m_stepper, &Stepper::finished, this, [this] { conclude(true, m_scenario.verdict()); });
+    connect(&m_stepper, &Stepper::failed, this,
             [this](const QString& text) { conclude(false, text); });
 }
 
 Demo::~Demo()
 {
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        is_done = true;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_is_done = true;
     }
-    done.notify_all();
-    if (watchdog.joinable())
-        watchdog.join();
+    m_done.notify_all();
+    if (m_watchdog.joinable())
+        m_watchdog.join();
 }
 
 void Demo::start()
 {
-    watchdog = std::thread(&Demo::watch, this);
-    QTimer::singleShot(options.demo_limit * 1000, this, [this] {
+    m_watchdog = std::thread(&Demo::watch, this);
+    QTimer::singleShot(m_options.demo_limit * 1000, this, [this] {
         conclude(false, QStringLiteral("not done after %1 s, in step \"%2\"")
-                            .arg(options.demo_limit)
-                            .arg(QString::fromUtf8(stepper.currentStep())));
+                            .arg(m_options.demo_limit)
+                            .arg(QString::fromUtf8(m_stepper.current_step())));
     });
     try {
-        scenario.plan();
+        m_scenario.plan();
     } catch (const DemoFailure& failure) {
         conclude(false, QString::fromStdString(failure.what()));
         return;
     }
-    clock.start();
-    stepper.start();
+    m_clock.start();
+    m_stepper.start();
 }
 
-void Demo::noticeStep(const QString& name)
+void Demo::notice_step(const QString& name)
 {
-    std::printf("%6.1f s  %s\n", clock.elapsed() / 1000.0, qPrintable(name));
+    std::printf("%6.1f s  %s\n", m_clock.elapsed() / 1000.0, qPrintable(name));
     std::fflush(stdout);
 }
 
-void Demo::noticeExchange(const Exchange& exchange)
+void Demo::notice_exchange(const Exchange& exchange)
 {
     const bool changes = exchange.request.startsWith("set ") || exchange.request.startsWith("do ");
     if (!changes)
         return;
     const QString text = QString::fromLatin1(exchange.request)
                          + (exchange.reply.ok() ? QString() : QStringLiteral("   (failed)"));
-    if (sent.isEmpty() || sent.last().text != text)
-        sent.append({text, 0});
-    ++sent.last().times;
+    if (m_sent.isEmpty() || m_sent.last().text != text)
+        m_sent.append({text, 0});
+    ++m_sent.last().times;
 }
 
 // Ends queued, so that it also works before the event loop runs.
 void Demo::conclude(bool success, const QString& text)
 {
-    if (std::exchange(concluded, true))
+    if (std::exchange(m_concluded, true))
         return;
     std::printf("\nSent to the controller:\n");
-    for (const Sent& line : qAsConst(sent))
+    for (const Sent& line : qAsConst(m_sent))
         std::printf(line.times > 1 ? "  %s   (%d times)\n" : "  %s\n", qPrintable(line.text),
                     line.times);
     std::printf("\n%s: %s\n", success ? "PASSED" : "FAILED", qPrintable(text));
@@ -99,11 +99,11 @@ void Demo::conclude(bool success, const QString& text)
 
 void Demo::watch()
 {
-    const std::chrono::seconds limit(options.demo_limit + grace);
-    std::unique_lock<std::mutex> lock(mutex);
-    if (done.wait_for(lock, limit, [this] { return is_done; }))
+    const std::chrono::seconds limit(m_options.demo_limit + grace);
+    std::unique_lock<std::mutex> lock(m_mutex);
+    if (m_done.wait_for(lock, limit, [this] { return m_is_done; }))
         return;
     std::fprintf(stderr, "FAILED: the program stands still in step \"%s\"\n",
-                 stepper.currentStep());
+                 m_stepper.current_step());
     std::_Exit(demo_failed);
 }

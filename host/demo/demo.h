@@ -42,22 +42,22 @@ private:
         int times; ///< in a row
     };
 
-    void noticeStep(const QString& name);
-    void noticeExchange(const Exchange& exchange);
+    void notice_step(const QString& name);
+    void notice_exchange(const Exchange& exchange);
     void conclude(bool success, const QString& text);
     void watch();
 
-    Options options;
-    SimulatedPerson person;
-    Stepper stepper;
-    Scenario scenario;
-    QList<Sent> sent;
-    QElapsedTimer clock;
-    bool concluded = false;
-    std::mutex mutex;
-    std::condition_variable done;
-    bool is_done = false;
-    std::thread watchdog;
+    Options m_options;
+    SimulatedPerson m_person;
+    Stepper m_stepper;
+    Scenario m_scenario;
+    QList<Sent> m_sent;
+    QElapsedTimer m_clock;
+    bool m_concluded = false;
+    std::mutex m_mutex;
+    std::condition_variable m_done;
+    bool m_is_done = false;
+    std::thread m_watchdog;
 };
 
 #endif

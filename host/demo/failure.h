@@ -1,4 +1,4 @@
-// What the demonstration throws, from its own steps to its own stepper, never through Qt.
+// Why the demonstration stops. Steps throw it, and the stepper catches it before it reaches Qt.
 #ifndef HOST_DEMO_FAILURE_H
 #define HOST_DEMO_FAILURE_H
 

@@ -136,140 +136,143 @@ void print_comparison(const Point& reference, const Point& reported, double devi
 
 Scenario::Scenario(Stepper& stepper, SimulatedPerson& person, QMainWindow& main_window,
                    const QString& screenshot_folder)
-    : stepper(stepper), person(person), main_window(main_window), folder(screenshot_folder)
+    : m_stepper(stepper), m_person(person), m_main_window(main_window), m_folder(screenshot_folder)
 {
 }
 
 void Scenario::plan()
 {
-    prepareSimulator();
-    stepper.setAlarm(unexpected_box);
-    planOpening();
-    planCoarse();
-    planFine();
-    planUnsavedQuestion();
-    planReferencePoints();
-    planMeasurements();
-    planResult();
-    planEnd();
+    prepare_simulator();
+    m_stepper.set_alarm(unexpected_box);
+    plan_opening();
+    plan_coarse();
+    plan_fine();
+    plan_unsaved_question();
+    plan_reference_points();
+    plan_measurements();
+    plan_result();
+    plan_end();
 }
 
-void Scenario::prepareSimulator()
+void Scenario::prepare_simulator()
 {
-    person.act("shake 0");
-    person.act("noise " + QByteArray::number(noise));
-    person.act("tool 1");
-    points = person.objectPoints();
-    require(points.size() >= fewest_points, "the simulator's object has too few points");
-    points.resize(std::min(points.size(), most_points));
+    m_person.act("shake 0");
+    m_person.act("noise " + QByteArray::number(noise));
+    m_person.act("tool 1");
+    m_points = m_person.object_points();
+    require(m_points.size() >= fewest_points, "the simulator's object has too few points");
+    m_points.resize(std::min(m_points.size(), most_points));
 }
 
-void Scenario::planOpening()
+void Scenario::plan_opening()
 {
     const QString menu = module_text("&Calibration");
-    stepper.pause(settle_time);
-    stepper.act("open the menu", [=] { driver::open_menu(main_window, menu); });
-    planPicture("menu");
-    stepper.act("choose the menu entry", [=] {
+    m_stepper.pause(settle_time);
+    m_stepper.act("open the menu", [=] { driver::open_menu(m_main_window, menu); });
+    plan_picture("menu");
+    m_stepper.act("choose the menu entry", [=] {
         driver::close_menus();
-        driver::menu_entry(main_window, menu, module_text("Room a&djustment")).trigger();
+        driver::menu_entry(m_main_window, menu, module_text("Room a&djustment")).trigger();
     });
-    stepper.await("room adjustment dialog", [] { return driver::visible_window(adjustment); });
+    m_stepper.await("room adjustment dialog", [] { return driver::visible_window(adjustment); });
 }
 
-void Scenario::planCoarse()
+void Scenario::plan_coarse()
 {
-    stepper.await("coarse tab", [] { return tabs().isEnabled() && tabs().currentIndex() == 0; });
-    stepper.act("choose the axis to the right",
-                [] { driver::choose(driver::find<QComboBox>(adjustment, "comboBox_right"), "z"); });
-    stepper.act("choose the axis to the top",
-                [] { driver::choose(driver::find<QComboBox>(adjustment, "comboBox_top"), "-x"); });
-    planPicture("coarse");
-    stepper.act("go to the fine tab", [] { driver::show_tab(tabs(), fine_tab); });
-    stepper.act("compare the angles", [] {
+    m_stepper.await("coarse tab", [] { return tabs().isEnabled() && tabs().currentIndex() == 0; });
+    m_stepper.act("choose the axis to the right", [] {
+        driver::choose(driver::find<QComboBox>(adjustment, "comboBox_right"), "z");
+    });
+    m_stepper.act("choose the axis to the top", [] {
+        driver::choose(driver::find<QComboBox>(adjustment, "comboBox_top"), "-x");
+    });
+    plan_picture("coarse");
+    m_stepper.act("go to the fine tab", [] { driver::show_tab(tabs(), fine_tab); });
+    m_stepper.act("compare the angles", [] {
         const std::vector<double> angles = values(angle_boxes);
         std::printf("Angles of the coarse tab: %g %g %g\n", angles[0], angles[1], angles[2]);
         require(angles != std::vector<double>(3, 0.0), "the coarse tab has not set any angle");
     });
 }
 
-void Scenario::planFine()
+void Scenario::plan_fine()
 {
-    stepper.act("type an offset", [] {
+    m_stepper.act("type an offset", [] {
         driver::type_number(box("doubleSpinBox_x"), 120.5);
         driver::type_number(box("doubleSpinBox_y"), -35.25);
         driver::type_number(box("doubleSpinBox_z"), 80.0);
     });
-    stepper.act("type an angle", [] { driver::type_number(box("doubleSpinBox_rz"), 12.34); });
-    stepper.act("type a scaling", [] { driver::type_number(box(scaling_box), 1.0125); });
-    stepper.act("turn the view", [] {
+    m_stepper.act("type an angle", [] { driver::type_number(box("doubleSpinBox_rz"), 12.34); });
+    m_stepper.act("type a scaling", [] { driver::type_number(box(scaling_box), 1.0125); });
+    m_stepper.act("turn the view", [] {
         driver::drag(driver::find_by_class(adjustment, "QGLWidget"), Qt::RightButton,
                      Qt::ControlModifier, QPoint(60, 40));
     });
-    planPicture("fine");
-    stepper.act("apply", [] { click(adjustment, "btn_apply"); });
-    stepper.act("compare with the controller", [this] { checkControllerHoldsFineTab(); });
-    stepper.act("go to the coarse tab", [] { driver::show_tab(tabs(), coarse_tab); });
-    stepper.pause(settle_time);
-    stepper.act("go back with a key",
-                [] { driver::press_key(driver::window(adjustment), Qt::Key_F5); });
-    stepper.await("fine tab", [] { return tabs().currentIndex() == fine_tab; });
+    plan_picture("fine");
+    m_stepper.act("apply", [] { click(adjustment, "btn_apply"); });
+    m_stepper.act("compare with the controller", [this] { require_controller_holds_fine_tab(); });
+    m_stepper.act("go to the coarse tab", [] { driver::show_tab(tabs(), coarse_tab); });
+    m_stepper.pause(settle_time);
+    m_stepper.act("go back with a key",
+                  [] { driver::press_key(driver::window(adjustment), Qt::Key_F5); });
+    m_stepper.await("fine tab", [] { return tabs().currentIndex() == fine_tab; });
 }
 
-void Scenario::planUnsavedQuestion()
+void Scenario::plan_unsaved_question()
 {
-    stepper.act("change without applying", [] {
+    m_stepper.act("change without applying", [] {
         driver::type_number(box("doubleSpinBox_y"), 10.0);
         click(adjustment, "btn_resetScaling");
     });
-    stepper.act("start matching", [] { click(adjustment, "w_bodyMatchingButton"); });
-    stepper.await("question about unsaved data", [] { return driver::message_box(); });
-    planPicture("question");
-    stepper.act("want to save", [] { driver::answer(QMessageBox::Yes); });
-    stepper.await("end of the question", [] { return !driver::message_box(); });
-    stepper.act("apply", [] { click(adjustment, "btn_apply"); });
-    stepper.act("compare with the controller", [this] { checkControllerHoldsFineTab(); });
-    stepper.act("start matching again", [] { click(adjustment, "w_bodyMatchingButton"); });
-    stepper.await("matching dialog", [] { return driver::visible_window(matching); });
+    m_stepper.act("start matching", [] { click(adjustment, "w_bodyMatchingButton"); });
+    m_stepper.await("question about unsaved data", [] { return driver::message_box(); });
+    plan_picture("question");
+    m_stepper.act("want to save", [] { driver::answer(QMessageBox::Yes); });
+    m_stepper.await("end of the question", [] { return !driver::message_box(); });
+    m_stepper.act("apply", [] { click(adjustment, "btn_apply"); });
+    m_stepper.act("compare with the controller", [this] { require_controller_holds_fine_tab(); });
+    m_stepper.act("start matching again", [] { click(adjustment, "w_bodyMatchingButton"); });
+    m_stepper.await("matching dialog", [] { return driver::visible_window(matching); });
 }
 
-void Scenario::planReferencePoints()
+void Scenario::plan_reference_points()
 {
     for (int row = 0; row < typed_points; ++row)
-        stepper.act("type a reference point", [this, row] {
+        m_stepper.act("type a reference point", [this, row] {
             click(matching, "pushButton_addRefPoint");
-            const Point& point = points[static_cast<std::size_t>(row)];
+            const Point& point = m_points[static_cast<std::size_t>(row)];
             for (int column = 0; column < 3; ++column)
                 driver::type_number(reference_table(), row, column,
                                     point[static_cast<std::size_t>(column)]);
         });
-    planPicture("typed-points");
-    stepper.act("write a file of reference points", [this] { writePoints(); });
-    stepper.act("load reference points", [] { click(matching, "w_loadButton"); });
-    stepper.await("file dialog", [] {
+    plan_picture("typed-points");
+    m_stepper.act("write a file of reference points", [this] { write_points(); });
+    m_stepper.act("load reference points", [] { click(matching, "w_loadButton"); });
+    m_stepper.await("file dialog", [] {
         return QApplication::activeModalWidget() != driver::visible_window(matching);
     });
-    stepper.act("choose the file", [this] { driver::choose_file(pointFile()); });
-    stepper.await("reference points in the table", [this] { return referenceTableHoldsPoints(); });
-    stepper.act("let the order be found", [] {
+    m_stepper.act("choose the file", [this] { driver::choose_file(point_file()); });
+    m_stepper.await("reference points in the table",
+                    [this] { return reference_table_holds_points(); });
+    m_stepper.act("let the order be found", [] {
         auto& ordered = driver::find<QCheckBox>(matching, "w_orderCheckBox");
         if (ordered.isChecked())
             driver::click(ordered);
     });
 }
 
-QString Scenario::pointFile() const
+QString Scenario::point_file() const
 {
-    return temporary.filePath(QStringLiteral("reference-points.txt"));
+    return m_temporary.filePath(QStringLiteral("reference-points.txt"));
 }
 
 // The numbered form that the matching dialog reads: number, x, y, z.
-void Scenario::writePoints()
+void Scenario::write_points()
 {
-    QFile file(pointFile());
+    QFile file(point_file());
     require(file.open(QIODevice::WriteOnly), "the file of reference points cannot be written");
     int number = 0;
-    for (const Point& point : points) {
+    for (const Point& point : m_points) {
         QByteArray line = QByteArray::number(++number);
         for (double coordinate : point)
             line += ' ' + QByteArray::number(coordinate, 'f', shown_decimals);
@@ -277,14 +280,14 @@ void Scenario::writePoints()
     }
 }
 
-bool Scenario::referenceTableHoldsPoints() const
+bool Scenario::reference_table_holds_points() const
 {
     const QTableWidget& table = reference_table();
-    bool same = table.rowCount() == static_cast<int>(points.size());
+    bool same = table.rowCount() == static_cast<int>(m_points.size());
     for (int row = 0; same && row < table.rowCount(); ++row)
         for (int column = 0; column < 3; ++column) {
             const double coordinate =
-                points[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+                m_points[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
             same = same
                    && table.item(row, column)->text()
                           == QString::number(coordinate, 'f', shown_decimals);
@@ -292,58 +295,58 @@ bool Scenario::referenceTableHoldsPoints() const
     return same;
 }
 
-void Scenario::planMeasurements()
+void Scenario::plan_measurements()
 {
     int number = 0;
-    for (int point : shuffled(static_cast<int>(points.size())))
-        planMeasurement(number++, point);
-    stepper.await("a transformation", [] { return is_enabled(matching, "w_applyButton"); });
-    stepper.act("print the report", [] { std::printf("\n%s\n", qPrintable(report())); });
-    planPicture("report");
-    stepper.act("accept the transformation", [] { click(matching, "w_applyButton"); });
-    stepper.await("end of matching", [] { return !driver::visible_window(matching); });
+    for (int point : shuffled(static_cast<int>(m_points.size())))
+        plan_measurement(number++, point);
+    m_stepper.await("a transformation", [] { return is_enabled(matching, "w_applyButton"); });
+    m_stepper.act("print the report", [] { std::printf("\n%s\n", qPrintable(report())); });
+    plan_picture("report");
+    m_stepper.act("accept the transformation", [] { click(matching, "w_applyButton"); });
+    m_stepper.await("end of matching", [] { return !driver::visible_window(matching); });
 }
 
-void Scenario::planMeasurement(int number, int point)
+void Scenario::plan_measurement(int number, int point)
 {
-    stepper.act("touch a point",
-                [this, point] { person.act("touch " + QByteArray::number(point + 1)); });
-    stepper.pause(settle_time);
-    stepper.await("a tracked tool", [] { return is_enabled(matching, "w_measureButton"); });
-    planStart(number % start_ways);
+    m_stepper.act("touch a point",
+                  [this, point] { m_person.act("touch " + QByteArray::number(point + 1)); });
+    m_stepper.pause(settle_time);
+    m_stepper.await("a tracked tool", [] { return is_enabled(matching, "w_measureButton"); });
+    plan_measurement_start(number % start_ways);
     if (number == 0)
-        planPicture("measuring");
-    stepper.await(
-        "measured point", [this, number] { return isMeasured(number + 1); }, measurement_limit);
+        plan_picture("measuring");
+    m_stepper.await(
+        "measured point", [this, number] { return is_measured(number + 1); }, measurement_limit);
 }
 
-void Scenario::planStart(int way)
+void Scenario::plan_measurement_start(int way)
 {
     switch (way) {
     case 0:
-        stepper.act("press the measure button", [] { click(matching, "w_measureButton"); });
+        m_stepper.act("press the measure button", [] { click(matching, "w_measureButton"); });
         break;
     case 1:
-        stepper.act("press a button of the tool", [this] { pressForAMoment("tool 1"); });
+        m_stepper.act("press a button of the tool", [this] { press_for_a_moment("tool 1"); });
         break;
     case 2:
-        stepper.act("press a button of the Wandstick", [this] { pressForAMoment("stick 0"); });
+        m_stepper.act("press a button of the Wandstick", [this] { press_for_a_moment("stick 0"); });
         break;
     default:
-        stepper.act("let the tool start by itself", [this] { person.act("measure"); });
+        m_stepper.act("let the tool start by itself", [this] { m_person.act("measure"); });
     }
 }
 
 // A held button asks for a measurement with every data line. The hand lets go on time, even where
 // a slow controller keeps the event loop busy with these.
-void Scenario::pressForAMoment(const QByteArray& button)
+void Scenario::press_for_a_moment(const QByteArray& button)
 {
-    person.act("press " + button);
+    m_person.act("press " + button);
     std::this_thread::sleep_for(hold_time);
-    person.act("release " + button);
+    m_person.act("release " + button);
 }
 
-bool Scenario::isMeasured(int rows)
+bool Scenario::is_measured(int rows)
 {
     if (report().startsWith(QLatin1String("Measurement failed")))
         throw DemoFailure(report());
@@ -352,83 +355,84 @@ bool Scenario::isMeasured(int rows)
     return table.rowCount() == rows;
 }
 
-void Scenario::planResult()
+void Scenario::plan_result()
 {
-    stepper.await("a result to apply", [] { return is_enabled(adjustment, "btn_apply"); });
-    stepper.act("adjust the view", [] { click(adjustment, "w_adjustViewButton"); });
-    planPicture("result");
-    stepper.act("apply the result", [] { click(adjustment, "btn_apply"); });
-    stepper.act("compare with the controller", [this] { checkControllerHoldsFineTab(); });
-    stepper.act("compare with the truth", [this] { checkPoints(true); });
+    m_stepper.await("a result to apply", [] { return is_enabled(adjustment, "btn_apply"); });
+    m_stepper.act("adjust the view", [] { click(adjustment, "w_adjustViewButton"); });
+    plan_picture("result");
+    m_stepper.act("apply the result", [] { click(adjustment, "btn_apply"); });
+    m_stepper.act("compare with the controller", [this] { require_controller_holds_fine_tab(); });
+    m_stepper.act("compare with the truth", [this] { check_points(true); });
 }
 
-void Scenario::planEnd()
+void Scenario::plan_end()
 {
-    stepper.act("close the dialog", [] { click(adjustment, "btn_ok"); });
-    stepper.await("end of the dialog", [] { return !driver::visible_window(adjustment); });
-    planPicture("end");
-    stepper.act("compare with the truth again", [this] { checkPoints(false); });
+    m_stepper.act("close the dialog", [] { click(adjustment, "btn_ok"); });
+    m_stepper.await("end of the dialog", [] { return !driver::visible_window(adjustment); });
+    plan_picture("end");
+    m_stepper.act("compare with the truth again", [this] { check_points(false); });
 }
 
-void Scenario::checkControllerHoldsFineTab()
+void Scenario::require_controller_holds_fine_tab()
 {
     std::vector<double> shift = values(offset_boxes);
     for (double& number : shift)
         number = -number;
     const std::vector<double> angles = values(angle_boxes);
     const auto rotation = rotation_from_angles(angles[0], angles[1], angles[2]);
-    require(largest_difference(person.parameter("tracking extra_translation"), shift)
+    require(largest_difference(m_person.parameter("tracking extra_translation"), shift)
                 < translation_fineness,
             "the controller's translation is not the one shown");
-    require(largest_difference(person.parameter("tracking extra_rotation"),
+    require(largest_difference(m_person.parameter("tracking extra_rotation"),
                                {rotation.begin(), rotation.end()})
                 < rotation_fineness,
             "the controller's rotation is not the one shown");
     require(
-        largest_difference(person.parameter("tracking extra_scaling"), {box(scaling_box).value()})
+        largest_difference(m_person.parameter("tracking extra_scaling"), {box(scaling_box).value()})
             < scaling_fineness,
         "the controller's scaling is not the one shown");
 }
 
-void Scenario::checkPoints(bool print)
+void Scenario::check_points(bool print)
 {
-    const double duration = person.parameter("measurementtool measurement_duration b01").front();
+    const double duration = m_person.parameter("measurementtool measurement_duration b01").front();
     const MeasurementLimits limits = {noise, duration * frame_rate,
-                                      static_cast<int>(points.size())};
-    const Pose room_object = person.truePose();
+                                      static_cast<int>(m_points.size())};
+    const Pose room_object = m_person.true_pose();
     double worst = 0.0;
     bool all_right = true;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        person.act("touch " + QByteArray::number(static_cast<int>(i) + 1));
-        const Point reported = person.tip();
-        const double deviation = distance(reported, points[i]);
-        const double allowed = allowed_deviation(limits, room_object(points[i]));
+    for (std::size_t i = 0; i < m_points.size(); ++i) {
+        m_person.act("touch " + QByteArray::number(static_cast<int>(i) + 1));
+        const Point reported = m_person.tip();
+        const double deviation = distance(reported, m_points[i]);
+        const double allowed = allowed_deviation(limits, room_object(m_points[i]));
         worst = std::max(worst, deviation);
         all_right = all_right && deviation <= allowed;
         if (print)
-            print_comparison(points[i], reported, deviation, allowed);
+            print_comparison(m_points[i], reported, deviation, allowed);
     }
     require(all_right, "the points are not where they should be");
-    result = QStringLiteral("the controller reports all points within %1 mm").arg(worst, 0, 'f', 3);
+    m_result =
+        QStringLiteral("the controller reports all points within %1 mm").arg(worst, 0, 'f', 3);
 }
 
-void Scenario::planPicture(const QString& name)
+void Scenario::plan_picture(const QString& name)
 {
-    if (folder.isEmpty())
+    if (m_folder.isEmpty())
         return;
-    stepper.pause(settle_time);
-    stepper.act("take a picture", [this, name] { takePicture(name); });
+    m_stepper.pause(settle_time);
+    m_stepper.act("take a picture", [this, name] { take_picture(name); });
 }
 
-void Scenario::takePicture(const QString& name)
+void Scenario::take_picture(const QString& name)
 {
     const QString file = QStringLiteral("%1/%2-%3.png")
-                             .arg(folder)
-                             .arg(++pictures, 2, 10, QLatin1Char('0'))
+                             .arg(m_folder)
+                             .arg(++m_pictures, 2, 10, QLatin1Char('0'))
                              .arg(name);
     const QRect area = driver::occupied_area();
     const QPixmap screen = QApplication::primaryScreen()->grabWindow(0, area.x(), area.y(),
                                                                      area.width(), area.height());
-    if (!QDir().mkpath(folder) || !screen.save(file))
+    if (!QDir().mkpath(m_folder) || !screen.save(file))
         throw DemoFailure(QStringLiteral("%1 cannot be written").arg(file));
 }

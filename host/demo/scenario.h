@@ -27,39 +27,39 @@ public:
     void plan();
 
     /// The result in one sentence, once all steps are done.
-    QString verdict() const { return result; }
+    QString verdict() const { return m_result; }
 
 private:
-    void planOpening();
-    void planCoarse();
-    void planFine();
-    void planUnsavedQuestion();
-    void planReferencePoints();
-    void planMeasurements();
-    void planMeasurement(int number, int point);
-    void planStart(int way);
-    void planResult();
-    void planEnd();
+    void plan_opening();
+    void plan_coarse();
+    void plan_fine();
+    void plan_unsaved_question();
+    void plan_reference_points();
+    void plan_measurements();
+    void plan_measurement(int number, int point);
+    void plan_measurement_start(int way);
+    void plan_result();
+    void plan_end();
 
-    void prepareSimulator();
-    void pressForAMoment(const QByteArray& button);
-    QString pointFile() const;
-    void writePoints();
-    bool referenceTableHoldsPoints() const;
-    bool isMeasured(int rows);
-    void checkControllerHoldsFineTab();
-    void checkPoints(bool print);
-    void planPicture(const QString& name);
-    void takePicture(const QString& name);
+    void prepare_simulator();
+    void press_for_a_moment(const QByteArray& button);
+    QString point_file() const;
+    void write_points();
+    bool reference_table_holds_points() const;
+    bool is_measured(int rows);
+    void require_controller_holds_fine_tab();
+    void check_points(bool print);
+    void plan_picture(const QString& name);
+    void take_picture(const QString& name);
 
-    Stepper& stepper;
-    SimulatedPerson& person;
-    QMainWindow& main_window;
-    QString folder;
-    int pictures = 0;
-    QTemporaryDir temporary;
-    std::vector<Point> points; ///< the object's points in its own coordinates, mm
-    QString result;
+    Stepper& m_stepper;
+    SimulatedPerson& m_person;
+    QMainWindow& m_main_window;
+    QString m_folder;
+    int m_pictures = 0;
+    QTemporaryDir m_temporary;
+    std::vector<Point> m_points; ///< the object's points in its own coordinates, mm
+    QString m_result;
 };
 
 #endif

@@ -20,16 +20,16 @@ Point point_at(const std::vector<double>& numbers, std::size_t first)
 
 } // namespace
 
-SimulatedPerson::SimulatedPerson(const QString& host, quint16 port) : link(host, port) {}
+SimulatedPerson::SimulatedPerson(const QString& host, quint16 port) : m_link(host, port) {}
 
 void SimulatedPerson::act(const QByteArray& what)
 {
-    const Reply reply = link.request("sim " + what);
+    const Reply reply = m_link.request("sim " + what);
     if (!reply.ok())
         throw DemoFailure(complaint(what, reply.text));
 }
 
-std::vector<Point> SimulatedPerson::objectPoints()
+std::vector<Point> SimulatedPerson::object_points()
 {
     const std::vector<double> numbers = ask("sim object");
     std::vector<Point> points;
@@ -38,7 +38,7 @@ std::vector<Point> SimulatedPerson::objectPoints()
     return points;
 }
 
-Pose SimulatedPerson::truePose()
+Pose SimulatedPerson::true_pose()
 {
     const std::vector<double> numbers = ask("sim truth");
     Pose pose;
@@ -64,7 +64,7 @@ std::vector<double> SimulatedPerson::parameter(const QByteArray& name)
 
 std::vector<double> SimulatedPerson::ask(const QByteArray& request)
 {
-    const Reply reply = link.request(request);
+    const Reply reply = m_link.request(request);
     std::vector<double> numbers;
     bool valid = reply.ok();
     for (const QByteArray& field : reply.text.split(' ')) {

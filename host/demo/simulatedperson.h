@@ -2,7 +2,7 @@
 #ifndef HOST_DEMO_SIMULATEDPERSON_H
 #define HOST_DEMO_SIMULATEDPERSON_H
 
-#include "host/controllerlink.h"
+#include "host/connection/controllerlink.h"
 #include "host/demo/deviation.h"
 
 #include <QByteArray>
@@ -20,9 +20,9 @@ public:
     void act(const QByteArray& what);
 
     /// Points of the object, in the object's own coordinates, mm.
-    std::vector<Point> objectPoints();
+    std::vector<Point> object_points();
     /// Takes points of the object to the calibrated room.
-    Pose truePose();
+    Pose true_pose();
     /// Where the controller now reports the tip, without noise, mm.
     Point tip();
 
@@ -32,7 +32,7 @@ public:
 private:
     std::vector<double> ask(const QByteArray& request);
 
-    ControllerLink link;
+    ControllerLink m_link;
 };
 
 #endif

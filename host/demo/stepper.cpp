@@ -15,25 +15,25 @@ constexpr int tick_interval = 20; // ms
 
 void Stepper::act(const QString& name, Action action)
 {
-    steps.push_back({name.toUtf8(), std::move(action), {}, 0, false});
+    m_steps.push_back({name.toUtf8(), std::move(action), {}, 0, false});
 }
 
 void Stepper::await(const QString& name, Condition condition, int limit_ms)
 {
-    steps.push_back({name.toUtf8(), {}, std::move(condition), limit_ms, false});
+    m_steps.push_back({name.toUtf8(), {}, std::move(condition), limit_ms, false});
 }
 
 void Stepper::pause(int milliseconds)
 {
-    const auto is_over = [this, milliseconds] { return step_clock.elapsed() >= milliseconds; };
-    steps.push_back({"pause", {}, is_over, milliseconds + default_limit, true});
+    const auto is_over = [this, milliseconds] { return m_step_clock.elapsed() >= milliseconds; };
+    m_steps.push_back({"pause", {}, is_over, milliseconds + default_limit, true});
 }
 
-void Stepper::setAlarm(std::function<QString()> new_alarm) { alarm = std::move(new_alarm); }
+void Stepper::set_alarm(std::function<QString()> new_alarm) { m_alarm = std::move(new_alarm); }
 
 void Stepper::start()
 {
-    step_clock.start();
+    m_step_clock.start();
     tick();
 }
 
@@ -41,25 +41,25 @@ void Stepper::start()
 // orders the next one for itself, before anything can block.
 void Stepper::tick()
 {
-    if (ended)
+    if (m_ended)
         return;
-    if (current == steps.size()) {
-        ended = true;
+    if (m_current == m_steps.size()) {
+        m_ended = true;
         emit finished();
         return;
     }
-    current_name = steps[current].name.constData();
+    m_current_name = m_steps[m_current].name.constData();
     QTimer::singleShot(tick_interval, this, &Stepper::tick);
     try {
-        carryOut();
+        carry_out();
     } catch (const DemoFailure& failure) {
         fail(QString::fromStdString(failure.what()));
     }
 }
 
-void Stepper::carryOut()
+void Stepper::carry_out()
 {
-    const Step& step = steps[current];
+    const Step& step = m_steps[m_current];
     if (step.action) {
         advance();
         emit acting(QString::fromUtf8(step.name));
@@ -75,23 +75,23 @@ void Stepper::look(const Step& step)
         advance();
         return;
     }
-    const QString trouble = alarm && !step.is_pause ? alarm() : QString();
+    const QString trouble = m_alarm && !step.is_pause ? m_alarm() : QString();
     if (!trouble.isEmpty())
         fail(trouble);
-    else if (step_clock.elapsed() > step.limit)
+    else if (m_step_clock.elapsed() > step.limit)
         fail(QStringLiteral("nothing happened for %1 s").arg(step.limit / 1000));
 }
 
 void Stepper::advance()
 {
-    ++current;
-    step_clock.restart();
+    ++m_current;
+    m_step_clock.restart();
 }
 
 void Stepper::fail(const QString& text)
 {
-    if (ended)
+    if (m_ended)
         return;
-    ended = true;
-    emit failed(QStringLiteral("step \"%1\": %2").arg(QString::fromUtf8(current_name), text));
+    m_ended = true;
+    emit failed(QStringLiteral("step \"%1\": %2").arg(QString::fromUtf8(m_current_name), text));
 }

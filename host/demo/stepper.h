@@ -29,12 +29,12 @@ public:
 
     /// Asked during each wait but pauses whose condition does not hold; a text other than an empty
     /// one says what went wrong.
-    void setAlarm(std::function<QString()> new_alarm);
+    void set_alarm(std::function<QString()> new_alarm);
 
     void start();
 
     /// Name of the step under way; may be read from any thread. Lives as long as the stepper.
-    const char* currentStep() const { return current_name; }
+    const char* current_step() const { return m_current_name; }
 
 signals:
     /// An action begins.
@@ -53,17 +53,17 @@ private:
     };
 
     void tick();
-    void carryOut();
+    void carry_out();
     void look(const Step& step);
     void advance();
     void fail(const QString& text);
 
-    std::vector<Step> steps;
-    std::size_t current = 0;
-    std::atomic<const char*> current_name{""};
-    QElapsedTimer step_clock;
-    std::function<QString()> alarm;
-    bool ended = false;
+    std::vector<Step> m_steps;
+    std::size_t m_current = 0;
+    std::atomic<const char*> m_current_name{""};
+    QElapsedTimer m_step_clock;
+    std::function<QString()> m_alarm;
+    bool m_ended = false;
 };
 
 #endif

@@ -1,5 +1,5 @@
-#include "host/datareceiver.h"
-#include "host/subscriptions.h"
+#include "host/connection/datareceiver.h"
+#include "host/connection/subscriptions.h"
 
 #include "contract/requester.h"
 
@@ -63,7 +63,7 @@ QString next_report(DataReceiver& receiver)
 {
     QStringList reports;
     const bool told =
-        QTest::qWaitFor([&] { return !(reports = receiver.takeReports()).isEmpty(); }, patience);
+        QTest::qWaitFor([&] { return !(reports = receiver.take_reports()).isEmpty(); }, patience);
     return told ? reports.first() : QString();
 }
 

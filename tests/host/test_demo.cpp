@@ -60,7 +60,7 @@ private slots:
         Stepper stepper;
         bool went_on = false;
         if (trouble == "alarm")
-            stepper.setAlarm([trouble] { return trouble; });
+            stepper.set_alarm([trouble] { return trouble; });
         if (trouble == "thrown")
             stepper.act("the step", [trouble] { throw DemoFailure(trouble); });
         const auto never = [] { return false; };

@@ -1,5 +1,5 @@
-#include "host/gateway.h"
-#include "host/subscriptions.h"
+#include "host/connection/gateway.h"
+#include "host/connection/subscriptions.h"
 
 #include "contract/requester.h"
 

@@ -1,4 +1,4 @@
-#include "host/recording.h"
+#include "host/connection/recording.h"
 
 #include "tests/support/fatal_logger.h"
 
@@ -61,8 +61,8 @@ private slots:
             bool readable = reader.open();
             while (readable)
                 readable = reader.next(&time, &line) == RecordingReader::line_read;
-            QVERIFY2(reader.errorText().contains(fault), qPrintable(fault + reader.errorText()));
-            QVERIFY(reader.errorText().contains("faulty"));
+            QVERIFY2(reader.error_text().contains(fault), qPrintable(fault + reader.error_text()));
+            QVERIFY(reader.error_text().contains("faulty"));
         }
     }
 
@@ -70,7 +70,7 @@ private slots:
     {
         Recorder recorder(path("no/such/folder"));
         QVERIFY(!recorder.open());
-        QVERIFY(recorder.errorText().contains(QStringLiteral("no/such/folder")));
+        QVERIFY(recorder.error_text().contains(QStringLiteral("no/such/folder")));
     }
 
 private:

@@ -60,14 +60,14 @@ private slots:
     {
         ScriptedController controller(backend_script);
         Session session(options_for(controller));
-        QVERIFY2(session.start(), qPrintable(session.errorText()));
+        QVERIFY2(session.start(), qPrintable(session.error_text()));
         const QStringList beginning = {"window MainWindow", "backend 1.18.-1", "elements"};
-        QCOMPARE(said(session.mainWindow()), beginning);
-        session.shutDown();
-        QCOMPARE(said(session.mainWindow()),
+        QCOMPARE(said(session.main_window()), beginning);
+        session.shut_down();
+        QCOMPARE(said(session.main_window()),
                  beginning + QStringList({"about to exit", "exit", "deleted"}));
-        session.shutDown();
-        QCOMPARE(said(session.mainWindow()).size(), 6);
+        session.shut_down();
+        QCOMPARE(said(session.main_window()).size(), 6);
         const QList<QByteArray> requests = controller.requests();
         QCOMPARE(requests.size(), 3);
         QVERIFY(requests[1].startsWith("do data stream "));
@@ -81,12 +81,12 @@ private slots:
         options.observer = true;
         Session session(options);
         QVERIFY(session.start());
-        MainWindow& window = session.mainWindow();
+        MainWindow& window = session.main_window();
         QCOMPARE(said(window).at(2), QString("observer"));
         const QList<QAction*> menus = window.menuBar()->actions();
         QCOMPARE(texts(menus), QStringList({"&File", "&Before", "&Calibration", "&Help"}));
         QCOMPARE(texts(menus[2]->menu()->actions()), QStringList({"&Early", "&Late"}));
-        session.shutDown();
+        session.shut_down();
         QCOMPARE(texts(window.menuBar()->actions()), QStringList({"&File", "&Help"}));
     }
 
@@ -105,7 +105,7 @@ private slots:
             options.replay_file = replay;
             Session session(options);
             QVERIFY(!session.start());
-            QVERIFY2(session.errorText().contains(named), qPrintable(session.errorText()));
+            QVERIFY2(session.error_text().contains(named), qPrintable(session.error_text()));
         }
     }
 
@@ -120,7 +120,7 @@ private slots:
             ControllerProcess process;
             const bool launched = process.launch("/bin/sh", {"-c", script});
             QCOMPARE(launched ? int(process.port()) : 0, port);
-            QCOMPARE(process.errorText().isEmpty(), launched);
+            QCOMPARE(process.error_text().isEmpty(), launched);
             QCOMPARE(process.state(), launched ? QProcess::Running : QProcess::NotRunning);
         }
     }
@@ -138,7 +138,7 @@ private slots:
     {
         MainWindow window;
         for (int i = 0; i < 3000; ++i)
-            window.addExchange({});
+            window.add_exchange({});
         QCOMPARE(window.findChild<QPlainTextEdit*>("traffic")->blockCount(), 2000);
     }
 };

@@ -1,6 +1,6 @@
-#include "host/datareceiver.h"
+#include "host/connection/datareceiver.h"
 
-#include "host/subscriptions.h"
+#include "host/connection/subscriptions.h"
 
 #include <QUdpSocket>
 
@@ -34,55 +34,55 @@ QList<QByteArray> complete_lines(const QByteArray& datagram, int* torn)
     return lines;
 }
 
-DataReceiver::DataReceiver(Subscriptions& subscriptions) : subscriptions(subscriptions) {}
+DataReceiver::DataReceiver(Subscriptions& subscriptions) : m_subscriptions(subscriptions) {}
 
 DataReceiver::~DataReceiver() { stop(); }
 
 void DataReceiver::record(std::unique_ptr<Recorder> new_recorder)
 {
-    recorder = std::move(new_recorder);
-    recording_start = Clock::now();
+    m_recorder = std::move(new_recorder);
+    m_recording_start = Clock::now();
 }
 
 quint16 DataReceiver::listen()
 {
     std::promise<quint16> bound_port;
     std::future<quint16> port = bound_port.get_future();
-    thread = std::thread([this, promise = std::move(bound_port)]() mutable {
+    m_thread = std::thread([this, promise = std::move(bound_port)]() mutable {
         QUdpSocket socket;
         const bool bound = socket.bind(QHostAddress(QHostAddress::LocalHost), 0);
         promise.set_value(bound ? socket.localPort() : 0);
         if (bound)
-            receiveDatagrams(socket);
+            receive_datagrams(socket);
     });
     return port.get();
 }
 
 void DataReceiver::replay(std::unique_ptr<RecordingReader> reader)
 {
-    thread = std::thread([this, reader = std::move(reader)] { playBack(*reader); });
+    m_thread = std::thread([this, reader = std::move(reader)] { play_back(*reader); });
 }
 
 void DataReceiver::stop()
 {
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        stopping = true;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_stopping = true;
     }
-    stop_requested.notify_all();
-    if (thread.joinable())
-        thread.join();
+    m_stop_requested.notify_all();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
-DataReceiver::Counters DataReceiver::counters() const { return {frames, lines, torn_lines}; }
+DataReceiver::Counters DataReceiver::counters() const { return {m_frames, m_lines, m_torn_lines}; }
 
-QStringList DataReceiver::takeReports()
+QStringList DataReceiver::take_reports()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    return std::exchange(reports, QStringList());
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_reports, QStringList());
 }
 
-void DataReceiver::receiveDatagrams(QUdpSocket& socket)
+void DataReceiver::receive_datagrams(QUdpSocket& socket)
 {
     while (!pause(milliseconds(0))) {
         socket.waitForReadyRead(receive_wait);
@@ -90,12 +90,12 @@ void DataReceiver::receiveDatagrams(QUdpSocket& socket)
             QByteArray datagram(static_cast<int>(socket.pendingDatagramSize()), Qt::Uninitialized);
             const qint64 size = socket.readDatagram(datagram.data(), datagram.size());
             if (size >= 0)
-                takeDatagram(datagram.left(static_cast<int>(size)));
+                take_datagram(datagram.left(static_cast<int>(size)));
         }
     }
 }
 
-void DataReceiver::playBack(RecordingReader& reader)
+void DataReceiver::play_back(RecordingReader& reader)
 {
     double time = 0.0;
     QByteArray line;
@@ -103,52 +103,52 @@ void DataReceiver::playBack(RecordingReader& reader)
     RecordingReader::Result result = reader.next(&time, &line);
     start -= to_duration(time);
     while (result == RecordingReader::line_read) {
-        while (subscriptions.empty()) {
+        while (m_subscriptions.empty()) {
             if (pause(listener_wait))
                 return;
             start = Clock::now() - to_duration(time);
         }
-        if (waitUntil(start + to_duration(time)))
+        if (wait_until(start + to_duration(time)))
             return;
-        ++frames;
-        takeLine(line);
+        ++m_frames;
+        take_line(line);
         result = reader.next(&time, &line);
     }
     report(result == RecordingReader::at_end ? QStringLiteral("The replay has come to its end")
-                                             : reader.errorText());
+                                             : reader.error_text());
 }
 
-void DataReceiver::takeDatagram(const QByteArray& datagram)
+void DataReceiver::take_datagram(const QByteArray& datagram)
 {
     int torn = 0;
-    ++frames;
+    ++m_frames;
     for (const QByteArray& line : complete_lines(datagram, &torn))
-        takeLine(line);
-    torn_lines += static_cast<quint64>(torn);
+        take_line(line);
+    m_torn_lines += static_cast<quint64>(torn);
 }
 
-void DataReceiver::takeLine(const QByteArray& line)
+void DataReceiver::take_line(const QByteArray& line)
 {
-    ++lines;
-    const std::chrono::duration<double> elapsed = Clock::now() - recording_start;
-    if (recorder && !recorder->write(elapsed.count(), line)) {
-        report(QStringLiteral("The recording has ended: %1").arg(recorder->errorText()));
-        recorder.reset();
+    ++m_lines;
+    const std::chrono::duration<double> elapsed = Clock::now() - m_recording_start;
+    if (m_recorder && !m_recorder->write(elapsed.count(), line)) {
+        report(QStringLiteral("The recording has ended: %1").arg(m_recorder->error_text()));
+        m_recorder.reset();
     }
-    subscriptions.deliver(line);
+    m_subscriptions.deliver(line);
 }
 
 // Both return true if the thread shall end.
-bool DataReceiver::waitUntil(Clock::time_point time)
+bool DataReceiver::wait_until(Clock::time_point time)
 {
-    std::unique_lock<std::mutex> lock(mutex);
-    return stop_requested.wait_until(lock, time, [this] { return stopping; });
+    std::unique_lock<std::mutex> lock(m_mutex);
+    return m_stop_requested.wait_until(lock, time, [this] { return m_stopping; });
 }
 
-bool DataReceiver::pause(milliseconds time) { return waitUntil(Clock::now() + time); }
+bool DataReceiver::pause(milliseconds time) { return wait_until(Clock::now() + time); }
 
 void DataReceiver::report(const QString& text)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    reports.append(text);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_reports.append(text);
 }

@@ -4,7 +4,7 @@
 
 #include "contract/moduleinterface.h"
 
-#include "host/controllerlink.h"
+#include "host/connection/controllerlink.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -25,17 +25,18 @@ public:
 
     /// Puts an action into the menu that the element names; the menu comes into being with its
     /// first entry.
-    void addElement(const _GuiElement& element);
+    void add_element(const _GuiElement& element);
     /// Takes all entries of modules out again. The actions stay with their owners.
-    void removeElements();
+    void remove_elements();
 
     /// `level` 1 and above is a fault and is shown so.
-    void addMessage(const QString& category, const QString& source, int level, const QString& text);
-    void addExchange(const Exchange& exchange);
+    void add_message(const QString& category, const QString& source, int level,
+                     const QString& text);
+    void add_exchange(const Exchange& exchange);
 
-    void setControllerText(const QString& text);
-    void setDataText(const QString& text);
-    void setModeText(const QString& text);
+    void set_controller_text(const QString& text);
+    void set_data_text(const QString& text);
+    void set_mode_text(const QString& text);
 
 private:
     struct ModuleMenu
@@ -45,20 +46,20 @@ private:
         QList<_GuiElement> elements;
     };
 
-    void createPanes();
-    void createOwnMenus();
-    QLabel* createStatusLabel();
-    ModuleMenu& menuFor(const _GuiElement& element);
-    QAction* menuAfter(int rank) const;
-    void showAbout();
+    void create_panes();
+    void create_own_menus();
+    QLabel* create_status_label();
+    ModuleMenu& menu_for(const _GuiElement& element);
+    QAction* menu_after(int rank) const;
+    void show_about();
 
-    QPlainTextEdit* messages = nullptr;
-    QPlainTextEdit* traffic = nullptr;
-    QLabel* controller_label = nullptr;
-    QLabel* data_label = nullptr;
-    QLabel* mode_label = nullptr;
-    QMenu* help_menu = nullptr;
-    QList<ModuleMenu> module_menus; ///< by rank
+    QPlainTextEdit* m_messages = nullptr;
+    QPlainTextEdit* m_traffic = nullptr;
+    QLabel* m_controller_label = nullptr;
+    QLabel* m_data_label = nullptr;
+    QLabel* m_mode_label = nullptr;
+    QMenu* m_help_menu = nullptr;
+    QList<ModuleMenu> m_module_menus; ///< by rank
 };
 
 #endif

@@ -1,4 +1,4 @@
-#include "host/controllerprocess.h"
+#include "host/connection/controllerprocess.h"
 
 #include <QDeadlineTimer>
 
@@ -14,11 +14,11 @@ ControllerProcess::ControllerProcess(QObject* parent) : QProcess(parent)
 {
     setProcessChannelMode(QProcess::ForwardedErrorChannel);
     connect(this, &QProcess::readyReadStandardOutput, this, [this] {
-        if (listening_port != 0)
+        if (m_listening_port != 0)
             readAllStandardOutput();
     });
     connect(this, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            &ControllerProcess::noticeEnd);
+            &ControllerProcess::notice_end);
 }
 
 ControllerProcess::~ControllerProcess() { end(); }
@@ -28,10 +28,10 @@ bool ControllerProcess::launch(const QString& program, const QStringList& argume
     start(program, arguments);
     if (!waitForStarted(start_limit))
         return fail(QStringLiteral("%1: %2").arg(program, errorString()));
-    if (!awaitFirstLine())
+    if (!await_first_line())
         return fail(QStringLiteral("%1 does not say where it listens").arg(program));
     const QByteArray line = readLine().trimmed();
-    if (!readAddress(line))
+    if (!read_address(line))
         return fail(QStringLiteral("%1 says \"%2\" instead of where it listens")
                         .arg(program, QString::fromLatin1(line)));
     return true;
@@ -49,7 +49,7 @@ void ControllerProcess::end()
     }
 }
 
-bool ControllerProcess::awaitFirstLine()
+bool ControllerProcess::await_first_line()
 {
     const QDeadlineTimer deadline(start_limit);
     while (!canReadLine())
@@ -58,25 +58,25 @@ bool ControllerProcess::awaitFirstLine()
     return true;
 }
 
-bool ControllerProcess::readAddress(const QByteArray& line)
+bool ControllerProcess::read_address(const QByteArray& line)
 {
     const int colon = line.lastIndexOf(':');
     const QByteArray word = "listening ";
     if (!line.startsWith(word) || colon < 0)
         return false;
-    listening_host = QString::fromLatin1(line.mid(word.size(), colon - word.size()));
-    listening_port = line.mid(colon + 1).toUShort();
-    return listening_port != 0;
+    m_listening_host = QString::fromLatin1(line.mid(word.size(), colon - word.size()));
+    m_listening_port = line.mid(colon + 1).toUShort();
+    return m_listening_port != 0;
 }
 
 bool ControllerProcess::fail(const QString& text)
 {
-    error = text;
+    m_error = text;
     end();
     return false;
 }
 
-void ControllerProcess::noticeEnd(int exit_code, QProcess::ExitStatus status)
+void ControllerProcess::notice_end(int exit_code, QProcess::ExitStatus status)
 {
     emit lost(status == QProcess::CrashExit
                   ? QStringLiteral("The tracking simulator has crashed")

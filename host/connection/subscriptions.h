@@ -34,7 +34,7 @@ public:
     void deliver(const QByteArray& line);
 
     /// Tells all requesters that a measurement has started or stopped. GUI thread only.
-    void notifyMeasurement(bool started);
+    void notify_measurement(bool started);
 
 private:
     struct Subscription
@@ -43,14 +43,14 @@ private:
         Requester* requester;
     };
 
-    bool isKnown(Requester* requester) const;
-    bool isSubscribed(const QByteArray& line_type, Requester* requester) const;
-    std::vector<Requester*> subscribersOf(const QByteArray& line_type) const;
+    bool is_known(Requester* requester) const;
+    bool is_subscribed(const QByteArray& line_type, Requester* requester) const;
+    std::vector<Requester*> subscribers_of(const QByteArray& line_type) const;
 
     // Recursive because a requester may come back while it is being served.
-    mutable std::recursive_mutex mutex;
-    std::vector<Requester*> requesters;
-    std::vector<Subscription> subscriptions;
+    mutable std::recursive_mutex m_mutex;
+    std::vector<Requester*> m_requesters;
+    std::vector<Subscription> m_subscriptions;
 };
 
 #endif

@@ -1,4 +1,4 @@
-#include "host/hosticon.h"
+#include "host/window/hosticon.h"
 
 #include <QPainter>
 #include <QPixmap>

@@ -1,6 +1,6 @@
-#include "host/mainwindow.h"
+#include "host/window/mainwindow.h"
 
-#include "host/hosticon.h"
+#include "host/window/hosticon.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -67,17 +67,17 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     setWindowTitle(tr("Tracking Control"));
     setWindowIcon(host_icon());
     resize(initial_size);
-    createPanes();
-    createOwnMenus();
-    controller_label = createStatusLabel();
-    data_label = createStatusLabel();
-    mode_label = createStatusLabel();
-    mode_label->hide();
+    create_panes();
+    create_own_menus();
+    m_controller_label = create_status_label();
+    m_data_label = create_status_label();
+    m_mode_label = create_status_label();
+    m_mode_label->hide();
 }
 
-void MainWindow::addElement(const _GuiElement& element)
+void MainWindow::add_element(const _GuiElement& element)
 {
-    ModuleMenu& place = menuFor(element);
+    ModuleMenu& place = menu_for(element);
     const auto next = std::upper_bound(
         place.elements.begin(), place.elements.end(), element,
         [](const _GuiElement& a, const _GuiElement& b) { return a.action_rank < b.action_rank; });
@@ -85,77 +85,77 @@ void MainWindow::addElement(const _GuiElement& element)
     place.elements.insert(next, element);
 }
 
-void MainWindow::removeElements()
+void MainWindow::remove_elements()
 {
-    for (const ModuleMenu& place : qAsConst(module_menus))
+    for (const ModuleMenu& place : qAsConst(m_module_menus))
         delete place.menu;
-    module_menus.clear();
+    m_module_menus.clear();
 }
 
-void MainWindow::addMessage(const QString& category, const QString& source, int level,
-                            const QString& text)
+void MainWindow::add_message(const QString& category, const QString& source, int level,
+                             const QString& text)
 {
     QTextCharFormat format;
     if (level >= fault_level)
         format.setForeground(QColor(160, 0, 0));
-    messages->setCurrentCharFormat(format);
-    messages->appendPlainText(QStringLiteral("%1  %2 (%3)  %4")
-                                  .arg(QTime::currentTime().toString(QLatin1String(time_format)),
-                                       source, category, text));
+    m_messages->setCurrentCharFormat(format);
+    m_messages->appendPlainText(QStringLiteral("%1  %2 (%3)  %4")
+                                    .arg(QTime::currentTime().toString(QLatin1String(time_format)),
+                                         source, category, text));
 }
 
-void MainWindow::addExchange(const Exchange& exchange)
+void MainWindow::add_exchange(const Exchange& exchange)
 {
     QTextCharFormat format;
     if (!exchange.reply.ok())
         format.setForeground(QColor(160, 0, 0));
-    traffic->setCurrentCharFormat(format);
-    traffic->appendPlainText(QStringLiteral("%1  %2  ->  %3  (%4 ms)")
-                                 .arg(exchange.time.toString(QLatin1String(time_format)),
-                                      QString::fromLatin1(exchange.request),
-                                      reply_text(exchange.reply))
-                                 .arg(exchange.milliseconds));
+    m_traffic->setCurrentCharFormat(format);
+    m_traffic->appendPlainText(QStringLiteral("%1  %2  ->  %3  (%4 ms)")
+                                   .arg(exchange.time.toString(QLatin1String(time_format)),
+                                        QString::fromLatin1(exchange.request),
+                                        reply_text(exchange.reply))
+                                   .arg(exchange.milliseconds));
 }
 
-void MainWindow::setControllerText(const QString& text) { controller_label->setText(text); }
+void MainWindow::set_controller_text(const QString& text) { m_controller_label->setText(text); }
 
-void MainWindow::setDataText(const QString& text) { data_label->setText(text); }
+void MainWindow::set_data_text(const QString& text) { m_data_label->setText(text); }
 
-void MainWindow::setModeText(const QString& text)
+void MainWindow::set_mode_text(const QString& text)
 {
-    mode_label->setText(text);
-    mode_label->setVisible(!text.isEmpty());
+    m_mode_label->setText(text);
+    m_mode_label->setVisible(!text.isEmpty());
 }
 
-void MainWindow::createPanes()
+void MainWindow::create_panes()
 {
     auto* splitter = new QSplitter(Qt::Vertical, this);
-    messages = create_pane(tr("M&essages"), tr("Messages of the modules appear here."),
-                           message_lines, splitter);
-    messages->setObjectName(QStringLiteral("messages"));
-    traffic = create_pane(tr("Con&troller traffic"),
-                          tr("Requests to the controller and its replies appear here."),
-                          traffic_lines, splitter);
-    traffic->setObjectName(QStringLiteral("traffic"));
+    m_messages = create_pane(tr("M&essages"), tr("Messages of the modules appear here."),
+                             message_lines, splitter);
+    m_messages->setObjectName(QStringLiteral("messages"));
+    m_traffic = create_pane(tr("Con&troller traffic"),
+                            tr("Requests to the controller and its replies appear here."),
+                            traffic_lines, splitter);
+    m_traffic->setObjectName(QStringLiteral("traffic"));
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 3);
     setCentralWidget(splitter);
 }
 
-void MainWindow::createOwnMenus()
+void MainWindow::create_own_menus()
 {
     QMenu* file_menu = menuBar()->addMenu(tr("&File"));
     file_menu->addAction(tr("C&lear panes"), this, [this] {
-        messages->clear();
-        traffic->clear();
+        m_messages->clear();
+        m_traffic->clear();
     });
     file_menu->addSeparator();
     file_menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
-    help_menu = menuBar()->addMenu(tr("&Help"));
-    help_menu->addAction(tr("&About"), this, &MainWindow::showAbout);
+    m_help_menu = menuBar()->addMenu(tr("&Help"));
+    m_help_menu->addAction(tr("&About"), this, &MainWindow::show_about);
 }
 
-QLabel* MainWindow::createStatusLabel()
+QLabel* MainWindow::create_status_label()
 {
     auto* label = new QLabel(this);
     label->setContentsMargins(4, 0, 8, 0);
@@ -163,27 +163,28 @@ QLabel* MainWindow::createStatusLabel()
     return label;
 }
 
-MainWindow::ModuleMenu& MainWindow::menuFor(const _GuiElement& element)
+MainWindow::ModuleMenu& MainWindow::menu_for(const _GuiElement& element)
 {
-    for (ModuleMenu& place : module_menus)
+    for (ModuleMenu& place : m_module_menus)
         if (place.menu->title() == element.menu)
             return place;
     auto* menu = new QMenu(element.menu, this);
-    menuBar()->insertMenu(menuAfter(element.menu_rank), menu);
-    const auto next = std::upper_bound(module_menus.begin(), module_menus.end(), element.menu_rank,
-                                       [](int rank, const ModuleMenu& m) { return rank < m.rank; });
-    return *module_menus.insert(next, {menu, element.menu_rank, {}});
+    menuBar()->insertMenu(menu_after(element.menu_rank), menu);
+    const auto next =
+        std::upper_bound(m_module_menus.begin(), m_module_menus.end(), element.menu_rank,
+                         [](int rank, const ModuleMenu& m) { return rank < m.rank; });
+    return *m_module_menus.insert(next, {menu, element.menu_rank, {}});
 }
 
-QAction* MainWindow::menuAfter(int rank) const
+QAction* MainWindow::menu_after(int rank) const
 {
-    for (const ModuleMenu& place : module_menus)
+    for (const ModuleMenu& place : m_module_menus)
         if (place.rank > rank)
             return place.menu->menuAction();
-    return help_menu->menuAction();
+    return m_help_menu->menuAction();
 }
 
-void MainWindow::showAbout()
+void MainWindow::show_about()
 {
     QMessageBox::about(this, tr("About"),
                        tr("Front-end for a tracking controller.\n\n"

@@ -4,7 +4,7 @@
 
 #include <QIcon>
 
-/// Three coloured axes, drawn in the usual icon sizes. Needs a running QGuiApplication.
+/// Three colored axes, drawn in the usual icon sizes. Needs a running QGuiApplication.
 QIcon host_icon();
 
 #endif

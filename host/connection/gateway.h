@@ -4,7 +4,7 @@
 
 #include "contract/iomanager.h"
 
-#include "host/controllerlink.h"
+#include "host/connection/controllerlink.h"
 
 #include <QString>
 
@@ -42,11 +42,11 @@ public:
 
 private:
     Reply ask(const QByteArray& verb, const char* format, va_list arguments);
-    void noticeMeasurement(const QByteArray& command);
+    void notice_measurement(const QByteArray& command);
 
-    ControllerLink& link;
-    Subscriptions& subscriptions;
-    MessageSink show;
+    ControllerLink& m_link;
+    Subscriptions& m_subscriptions;
+    MessageSink m_show;
 };
 
 #endif

@@ -51,8 +51,8 @@ public:
     /// not stand still for a minute because the controller has gone.
     Reply request(const QByteArray& line);
 
-    QString host() const { return host_name; }
-    quint16 port() const { return port_number; }
+    QString host() const { return m_host_name; }
+    quint16 port() const { return m_port_number; }
     /// "HOST:PORT".
     QString address() const;
 
@@ -61,16 +61,16 @@ signals:
 
 private:
     Reply exchange(const QByteArray& line);
-    bool ensureConnected(const QDeadlineTimer& deadline);
-    bool awaitLine(const QDeadlineTimer& deadline);
-    Reply giveUp(const QByteArray& reason);
-    int currentLimit() const;
+    bool ensure_connected(const QDeadlineTimer& deadline);
+    bool await_line(const QDeadlineTimer& deadline);
+    Reply give_up(const QByteArray& reason);
+    int current_limit() const;
 
-    QString host_name;
-    quint16 port_number;
-    int limit;
-    QDeadlineTimer distrust; ///< runs for a while after a request without an answer
-    QTcpSocket socket;
+    QString m_host_name;
+    quint16 m_port_number;
+    int m_limit;
+    QDeadlineTimer m_distrust; ///< runs for a while after a request without an answer
+    QTcpSocket m_socket;
 };
 
 #endif

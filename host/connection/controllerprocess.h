@@ -17,12 +17,12 @@ public:
     ~ControllerProcess() override;
 
     /// Starts `program` and waits until it says where it listens. False if it does not come to
-    /// that; errorText() says why.
+    /// that; error_text() says why.
     bool launch(const QString& program, const QStringList& arguments);
 
-    QString host() const { return listening_host; }
-    quint16 port() const { return listening_port; }
-    QString errorText() const { return error; }
+    QString host() const { return m_listening_host; }
+    quint16 port() const { return m_listening_port; }
+    QString error_text() const { return m_error; }
 
     /// Asks it to end, and makes it end if it does not.
     void end();
@@ -32,14 +32,14 @@ signals:
     void lost(const QString& text);
 
 private:
-    bool awaitFirstLine();
-    bool readAddress(const QByteArray& line);
+    bool await_first_line();
+    bool read_address(const QByteArray& line);
     bool fail(const QString& text);
-    void noticeEnd(int exit_code, QProcess::ExitStatus status);
+    void notice_end(int exit_code, QProcess::ExitStatus status);
 
-    QString listening_host;
-    quint16 listening_port = 0;
-    QString error;
+    QString m_listening_host;
+    quint16 m_listening_port = 0;
+    QString m_error;
 };
 
 #endif

@@ -1,6 +1,6 @@
-#include "host/gateway.h"
+#include "host/connection/gateway.h"
 
-#include "host/subscriptions.h"
+#include "host/connection/subscriptions.h"
 
 #include <QList>
 #include <QVector>
@@ -104,7 +104,7 @@ int convert(const Reply& reply, double* values, int count)
 } // namespace
 
 Gateway::Gateway(ControllerLink& link, Subscriptions& subscriptions, MessageSink show)
-    : link(link), subscriptions(subscriptions), show(std::move(show))
+    : m_link(link), m_subscriptions(subscriptions), m_show(std::move(show))
 {
 }
 
@@ -117,10 +117,10 @@ int Gateway::send_command(char* reply, const char* format, ...)
     if (!text.startsWith(command_word))
         return failed;
     const QByteArray command = text.mid(static_cast<int>(std::strlen(command_word)));
-    const Reply answer = link.request("do " + command);
+    const Reply answer = m_link.request("do " + command);
     if (!answer.ok())
         return failed;
-    noticeMeasurement(command);
+    notice_measurement(command);
     // The command has been carried out: a long answer is cut rather than called a failure.
     return copy_text(reply, answer.text.left(buffer_size - 1));
 }
@@ -181,21 +181,21 @@ int Gateway::set_param_value(const char* format, ...)
 
 int Gateway::subscribe_data(const char* line_type, Requester* requester)
 {
-    return subscriptions.subscribe(line_type, requester);
+    return m_subscriptions.subscribe(line_type, requester);
 }
 
 int Gateway::unsubscribe_data(const char* line_type, Requester* requester)
 {
-    return subscriptions.unsubscribe(line_type, requester);
+    return m_subscriptions.unsubscribe(line_type, requester);
 }
 
-int Gateway::add_requester(Requester* requester) { return subscriptions.add(requester); }
+int Gateway::add_requester(Requester* requester) { return m_subscriptions.add(requester); }
 
-int Gateway::remove_requester(Requester* requester) { return subscriptions.remove(requester); }
+int Gateway::remove_requester(Requester* requester) { return m_subscriptions.remove(requester); }
 
 int Gateway::show_message(const char* category, const char* source, int level, const char* text)
 {
-    show(QString::fromUtf8(category), QString::fromUtf8(source), level, QString::fromUtf8(text));
+    m_show(QString::fromUtf8(category), QString::fromUtf8(source), level, QString::fromUtf8(text));
     return succeeded;
 }
 
@@ -204,13 +204,13 @@ Reply Gateway::ask(const QByteArray& verb, const char* format, va_list arguments
     const QByteArray text = format_text(format, arguments);
     if (text.isEmpty())
         return {Reply::refused, "a text that is empty or too long"};
-    return link.request(verb + text);
+    return m_link.request(verb + text);
 }
 
-void Gateway::noticeMeasurement(const QByteArray& command)
+void Gateway::notice_measurement(const QByteArray& command)
 {
     if (command == "tracking start")
-        subscriptions.notifyMeasurement(true);
+        m_subscriptions.notify_measurement(true);
     else if (command == "tracking stop")
-        subscriptions.notifyMeasurement(false);
+        m_subscriptions.notify_measurement(false);
 }

@@ -2,7 +2,7 @@
 #ifndef HOST_DATARECEIVER_H
 #define HOST_DATARECEIVER_H
 
-#include "host/recording.h"
+#include "host/connection/recording.h"
 
 #include <QList>
 #include <QStringList>
@@ -53,28 +53,28 @@ public:
     Counters counters() const;
 
     /// What there was to tell since the last call: the end of a replay, faults of a file.
-    QStringList takeReports();
+    QStringList take_reports();
 
 private:
-    void receiveDatagrams(QUdpSocket& socket);
-    void playBack(RecordingReader& reader);
-    void takeDatagram(const QByteArray& datagram);
-    void takeLine(const QByteArray& line);
-    bool waitUntil(std::chrono::steady_clock::time_point time);
+    void receive_datagrams(QUdpSocket& socket);
+    void play_back(RecordingReader& reader);
+    void take_datagram(const QByteArray& datagram);
+    void take_line(const QByteArray& line);
+    bool wait_until(std::chrono::steady_clock::time_point time);
     bool pause(std::chrono::milliseconds time);
     void report(const QString& text);
 
-    Subscriptions& subscriptions;
-    std::unique_ptr<Recorder> recorder;
-    std::chrono::steady_clock::time_point recording_start;
-    std::thread thread;
-    std::atomic<quint64> frames{0};
-    std::atomic<quint64> lines{0};
-    std::atomic<quint64> torn_lines{0};
-    std::mutex mutex; ///< guards the two below
-    bool stopping = false;
-    QStringList reports;
-    std::condition_variable stop_requested;
+    Subscriptions& m_subscriptions;
+    std::unique_ptr<Recorder> m_recorder;
+    std::chrono::steady_clock::time_point m_recording_start;
+    std::thread m_thread;
+    std::atomic<quint64> m_frames{0};
+    std::atomic<quint64> m_lines{0};
+    std::atomic<quint64> m_torn_lines{0};
+    std::mutex m_mutex; ///< guards the two below
+    bool m_stopping = false;
+    QStringList m_reports;
+    std::condition_variable m_stop_requested;
 };
 
 #endif

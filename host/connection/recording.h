@@ -18,17 +18,17 @@ class Recorder
 public:
     explicit Recorder(const QString& file_name);
 
-    /// False if the file cannot be written; errorText() tells.
+    /// False if the file cannot be written; error_text() tells.
     bool open();
 
     /// `seconds` since the recording began, never less than before. False if the line is too long
     /// or could not be written.
     bool write(double seconds, const QByteArray& line);
 
-    QString errorText() const;
+    QString error_text() const;
 
 private:
-    QFile file;
+    QFile m_file;
 };
 
 /// Reads one line after the other, so that a recording may be of any size. Belongs to one thread at
@@ -40,7 +40,7 @@ public:
     {
         line_read,
         at_end,
-        failed ///< errorText() names file, line and fault
+        failed ///< error_text() names file, line and fault
     };
 
     explicit RecordingReader(const QString& file_name);
@@ -51,16 +51,16 @@ public:
     /// The arguments are changed only by `line_read`.
     Result next(double* seconds, QByteArray* line);
 
-    QString errorText() const { return error; }
+    QString error_text() const { return m_error; }
 
 private:
-    bool readLine(QByteArray* text);
+    bool read_line(QByteArray* text);
     bool fail(const QString& fault);
 
-    QFile file;
-    int line_number = 0;
-    double last_time = 0.0;
-    QString error;
+    QFile m_file;
+    int m_line_number = 0;
+    double m_last_time = 0.0;
+    QString m_error;
 };
 
 #endif
