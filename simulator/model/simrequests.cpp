@@ -2,6 +2,7 @@
 #include "simulator/model/simrequests.h"
 
 #include "simulator/model/numbers.h"
+#include "simulator/model/referencepoints.h"
 #include "simulator/model/reply.h"
 #include "simulator/model/simulator.h"
 
@@ -16,7 +17,6 @@ namespace
 constexpr double max_deviation = 1000.0; ///< mm, of noise and of trembling
 constexpr double min_duration = 0.001;   ///< s
 constexpr int length_decimals = 3;
-constexpr int object_decimals = 2;
 constexpr int rotation_decimals = 8;
 constexpr int max_every = 1000000;
 
@@ -205,8 +205,15 @@ QByteArray object(Simulator& s, const QByteArray&)
 {
     QByteArray text;
     for (const Vec3& point : s.world.points)
-        text += ' ' + fixed(point, object_decimals);
+        text += ' ' + fixed(point, point_decimals);
     return ok(text.mid(1));
+}
+
+QByteArray save_points(Simulator& s, const QByteArray&)
+{
+    const QString problem = s.save_points(s.points_file);
+    return problem.isEmpty() ? ok(s.points_file.toUtf8())
+                             : error("points not saved: " + problem.toUtf8());
 }
 
 /// Nine numbers of the rotation row after row, unlike the texts of the vocabulary.
@@ -321,6 +328,7 @@ const Action actions[] = {
     {"duration", Rest::some, duration},
     {"version", Rest::none, version},
     {"object", Rest::none, object},
+    {"points", Rest::none, save_points},
     {"truth", Rest::none, true_pose},
     {"tip", Rest::none, tip},
     {"state", Rest::none, state},

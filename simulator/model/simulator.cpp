@@ -1,6 +1,7 @@
 #include "simulator/model/simulator.h"
 
 #include "simulator/model/numbers.h"
+#include "simulator/model/referencepoints.h"
 #include "simulator/model/reply.h"
 #include "simulator/model/requests.h"
 #include "simulator/model/simrequests.h"
@@ -63,6 +64,12 @@ bool Simulator::set_data_port(const QByteArray& text)
     const auto number = parse_integer(text, 0, max_port);
     port = number.value_or(port);
     return number.has_value();
+}
+
+QString Simulator::save_points(const QString& file_name) const
+{
+    return write_file ? write_file(file_name, reference_point_file(world.points))
+                      : QString("there is nowhere to write to");
 }
 
 std::vector<QByteArray> Simulator::step()

@@ -9,6 +9,8 @@
 #include "simulator/model/world.h"
 
 #include <QByteArray>
+#include <QString>
+#include <functional>
 #include <vector>
 
 namespace simulator
@@ -41,6 +43,14 @@ public:
     bool is_stopped() const { return stopped; }
     void stop() { stopped = true; }
     bool set_data_port(const QByteArray& text);
+
+    /// Writes the object's points as a reference-point file. Returns why that failed, empty if it
+    /// did not.
+    QString save_points(const QString& file_name) const;
+
+    /// Replaces a file by this text, and returns why it could not. Whoever may write files sets it.
+    std::function<QString(const QString& file_name, const QByteArray& text)> write_file;
+    QString points_file; ///< where a request has the points saved
 
     World world;
     Controller controller;

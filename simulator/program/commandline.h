@@ -16,7 +16,10 @@ struct CommandLine
     bool headless = false;
     bool exit_with_parent = false; ///< end when standard input is closed
     bool help = false;
-    QString problem; ///< what is wrong with the arguments; empty if nothing is
+    bool version = false;
+    int port = 0;        ///< 0 lets the system choose
+    QString points_file; ///< where "sim points" saves; empty for the usual place
+    QString problem;     ///< what is wrong with the arguments; empty if nothing is
 };
 
 /// Needs no application object.

@@ -11,7 +11,7 @@ LineServer::LineServer(LineConnection::Handler the_handler, QObject* parent)
     connect(&server, &QTcpServer::newConnection, this, &LineServer::accept_connections);
 }
 
-bool LineServer::listen() { return server.listen(QHostAddress::LocalHost, 0); }
+bool LineServer::listen(int port) { return server.listen(QHostAddress::LocalHost, quint16(port)); }
 
 void LineServer::accept_connections()
 {

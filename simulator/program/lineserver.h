@@ -18,8 +18,9 @@ public:
 
     explicit LineServer(LineConnection::Handler handler, QObject* parent = nullptr);
 
-    /// Listens on a port that the system chooses. False if that fails.
-    bool listen();
+    /// Listens on this port, or on one that the system chooses if it is 0. False if that fails.
+    bool listen(int port);
+    QString error_text() const { return server.errorString(); }
     int port() const { return server.serverPort(); }
 
 private slots:

@@ -3,6 +3,7 @@
 #include "simulator/program/commandline.h"
 #include "simulator/program/frameclock.h"
 #include "simulator/program/lineserver.h"
+#include "simulator/program/pointsfile.h"
 #include "simulator/window/simulatorwindow.h"
 
 #include <QApplication>
@@ -22,6 +23,13 @@ const QSize window_size(1080, 720);
 constexpr int usage_status = 2;
 /// Tells a stop that was asked for as a fault from a window that was closed.
 constexpr int stopped_status = 3;
+
+/// Qt ends the program with an abort if it finds no display.
+bool has_display()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+           || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
 
 QStringList arguments_of(int argc, char** argv)
 {
@@ -58,6 +66,10 @@ int early_end(const CommandLine& line)
         std::fputs(qPrintable(help_text()), stdout);
         return EXIT_SUCCESS;
     }
+    if (line.version) {
+        std::printf("tracking-simulator %s\n", SIMULATOR_VERSION);
+        return EXIT_SUCCESS;
+    }
     if (line.problem.isEmpty())
         return -1;
     std::fprintf(stderr, "tracking-simulator: %s\n", qPrintable(line.problem));
@@ -73,13 +85,21 @@ std::unique_ptr<SimulatorWindow> make_window(Simulator& simulator, int port)
     return window;
 }
 
+bool needs_display(const CommandLine& line)
+{
+    return !line.headless && !line.help && !line.version && line.problem.isEmpty();
+}
+
 int run(QCoreApplication& application, const CommandLine& line)
 {
     Simulator simulator(line.setup);
+    simulator.write_file = write_points_file;
+    simulator.points_file = line.points_file.isEmpty() ? default_points_file() : line.points_file;
     LineServer server(
         [&](const QByteArray& request) { return answer_or_stop(simulator, request); });
-    if (!server.listen()) {
-        std::fprintf(stderr, "tracking-simulator: cannot listen on the loopback address\n");
+    if (!server.listen(line.port)) {
+        std::fprintf(stderr, "tracking-simulator: cannot listen on port %d: %s\n", line.port,
+                     qPrintable(server.error_text()));
         return EXIT_FAILURE;
     }
     FrameClock clock(simulator);
@@ -95,13 +115,15 @@ int run(QCoreApplication& application, const CommandLine& line)
 
 int main(int argc, char** argv)
 {
-    const CommandLine line = parse_command_line(arguments_of(argc, argv));
-    // Without a window no display is needed, nor for --help.
+    CommandLine line = parse_command_line(arguments_of(argc, argv));
+    if (needs_display(line) && !has_display())
+        line.problem = "there is no display; --headless needs none";
     std::unique_ptr<QCoreApplication> application;
-    if (line.headless || line.help || !line.problem.isEmpty())
-        application = std::make_unique<QCoreApplication>(argc, argv);
-    else
+    if (needs_display(line))
         application = std::make_unique<QApplication>(argc, argv);
+    else
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    QCoreApplication::setApplicationName("tracking-simulator");
     const int status = early_end(line);
     return status >= 0 ? status : run(*application, line);
 }

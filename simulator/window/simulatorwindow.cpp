@@ -1,13 +1,18 @@
 #include "simulator/window/simulatorwindow.h"
 
+#include "simulator/model/referencepoints.h"
 #include "simulator/model/simulator.h"
 #include "simulator/window/roomview.h"
 #include "simulator/window/statustexts.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -20,7 +25,7 @@ namespace
 {
 
 constexpr int refresh_interval = 33; ///< ms
-constexpr int panel_width = 230;
+constexpr int panel_width = 240;
 constexpr int buttons_in_row = 3;
 
 void add_in_rows(QGridLayout* layout, int first_row, const QList<QPushButton*>& buttons)
@@ -48,6 +53,7 @@ SimulatorWindow::SimulatorWindow(Simulator& the_simulator, QWidget* parent)
     panel->addWidget(make_tool_box());
     panel->addWidget(make_stick_box());
     panel->addWidget(make_controller_box());
+    panel->addWidget(make_points_box());
     panel->addStretch();
     auto* panel_widget = new QWidget;
     panel_widget->setFixedWidth(panel_width);
@@ -113,19 +119,33 @@ QGroupBox* SimulatorWindow::make_controller_box()
     return box;
 }
 
+QGroupBox* SimulatorWindow::make_points_box()
+{
+    auto* save = new QPushButton("Save as a file...");
+    save->setToolTip("A file of reference points, as Load in the matching dialog takes it.");
+    connect(save, &QPushButton::clicked, this, &SimulatorWindow::save_points);
+    auto* copy = new QPushButton("Copy");
+    copy->setToolTip("The points as rows of a table: x, y and z parted by tabs.");
+    connect(copy, &QPushButton::clicked, this, &SimulatorWindow::copy_points);
+    auto* box = new QGroupBox("Reference points of the object");
+    auto* layout = new QHBoxLayout(box);
+    layout->addWidget(save);
+    layout->addWidget(copy);
+    return box;
+}
+
 QWidget* SimulatorWindow::make_status_lines()
 {
     tracking_label = new QLabel;
     tip_label = new QLabel;
     extra_label = new QLabel;
-    refusal_label = new QLabel;
-    refusal_label->setStyleSheet("color: #b3264a");
+    notice_label = new QLabel;
     auto* state = new QHBoxLayout;
     state->setSpacing(24);
     state->addWidget(tracking_label);
     state->addWidget(tip_label);
     state->addStretch();
-    state->addWidget(refusal_label);
+    state->addWidget(notice_label);
     auto* lines = new QWidget;
     auto* layout = new QVBoxLayout(lines);
     layout->setContentsMargins(4, 0, 4, 0);
@@ -159,6 +179,25 @@ QCheckBox* SimulatorWindow::make_check_box(const QString& text, const QByteArray
     return box;
 }
 
+void SimulatorWindow::save_points()
+{
+    QFileDialog dialog(this, "Save reference points", QDir::homePath(), "Text files (*.txt)");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("txt");
+    dialog.selectFile("reference-points.txt");
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString name = dialog.selectedFiles().first();
+    const QString problem = simulator.save_points(name);
+    say(problem.isEmpty() ? "saved " + name : "not saved: " + problem, problem.isEmpty());
+}
+
+void SimulatorWindow::copy_points()
+{
+    QGuiApplication::clipboard()->setText(reference_point_table(simulator.world.points));
+    say(QString("%1 points copied").arg(simulator.world.points.size()), true);
+}
+
 void SimulatorWindow::toggle_calibration()
 {
     const bool take_away = simulator.controller.is_calibrated();
@@ -170,8 +209,14 @@ void SimulatorWindow::toggle_calibration()
 void SimulatorWindow::obey(const QByteArray& request)
 {
     const QByteArray reply = simulator.answer(request).text;
-    refusal_label->setText(reply.startsWith("error ") ? reply.mid(6) : QByteArray());
+    say(reply.startsWith("error ") ? reply.mid(6) : QByteArray(), false);
     refresh();
+}
+
+void SimulatorWindow::say(const QString& text, bool good)
+{
+    notice_label->setStyleSheet(good ? "color: #1f7a3f" : "color: #b3264a");
+    notice_label->setText(text);
 }
 
 void SimulatorWindow::refresh()

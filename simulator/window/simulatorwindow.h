@@ -34,6 +34,9 @@ private:
     QGroupBox* make_tool_box();
     QGroupBox* make_stick_box();
     QGroupBox* make_controller_box();
+    QGroupBox* make_points_box();
+    void save_points();
+    void copy_points();
     QWidget* make_status_lines();
     /// A button that presses and releases a button of the room, such as "tool 1".
     QPushButton* make_held_button(const QString& text, const QByteArray& what);
@@ -41,6 +44,8 @@ private:
     QCheckBox* make_check_box(const QString& text, const QByteArray& on, const QByteArray& off);
     void toggle_calibration();
     void obey(const QByteArray& request);
+    /// The outcome of what was done last; red if it failed.
+    void say(const QString& text, bool good);
     void refresh_controls();
     void refresh_status_line();
 
@@ -56,7 +61,7 @@ private:
     QLabel* tracking_label = nullptr;
     QLabel* tip_label = nullptr;
     QLabel* extra_label = nullptr;
-    QLabel* refusal_label = nullptr;
+    QLabel* notice_label = nullptr;
 };
 
 } // namespace simulator

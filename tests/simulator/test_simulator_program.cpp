@@ -1,3 +1,5 @@
+#include "matching/referencepointfile.h"
+#include "simulator/model/numbers.h"
 #include "tests/simulator/frames.h"
 #include "tests/support/fatal_logger.h"
 
@@ -6,9 +8,11 @@
 #include <QNetworkDatagram>
 #include <QProcess>
 #include <QTcpSocket>
+#include <QTemporaryDir>
 #include <QUdpSocket>
 #include <QtTest>
 #include <memory>
+#include <sstream>
 
 namespace
 {
@@ -100,7 +104,7 @@ private slots:
 
     void it_says_where_it_listens()
     {
-        RunningSimulator s({"--cameras", "7", "--tools", "3", "--version", "0.16.2",
+        RunningSimulator s({"--cameras", "7", "--tools", "3", "--backend", "0.16.2",
                             "--coordinate-type", "powerwall"});
         QVERIFY(s.first_line.startsWith("listening 127.0.0.1:") && s.first_line.endsWith('\n'));
         QCOMPARE(s.ask("get camera number_of_cameras"), QByteArray("ok 7"));
@@ -218,6 +222,26 @@ private slots:
         QCOMPARE(s.ask("get status active"), QByteArray("ok idle"));
     }
 
+    void the_points_are_saved_where_it_was_told()
+    {
+        QTemporaryDir folder;
+        const QString name = folder.filePath("with blank/points.txt");
+        RunningSimulator s({"--points", name});
+        QCOMPARE(s.ask("sim points"), "ok " + name.toUtf8());
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray text = file.readAll();
+        std::istringstream stream(text.toStdString());
+        std::vector<bsVector> read;
+        QVERIFY(read_reference_points(stream, read));
+        QByteArray expected = "ok";
+        for (const bsVector& p : read)
+            expected += ' ' + simulator::fixed(simulator::Vec3{p.x, p.y, p.z}, 2);
+        QCOMPARE(s.ask("sim object"), expected);
+        RunningSimulator nowhere({"--points", folder.filePath("with blank")});
+        QVERIFY(nowhere.ask("sim points").startsWith("error "));
+    }
+
     void it_ends_with_its_parent()
     {
         RunningSimulator s({"--exit-with-parent"});
@@ -230,8 +254,8 @@ private slots:
     void bad_options_are_refused()
     {
         for (const char* options :
-             {"--cameras x", "--cameras -1", "--cameras 201", "--tools 21", "--version 1.2",
-              "--version 1.2.x", "--seed -1", "--coordinate-type sideways", "--what", "extra"}) {
+             {"--cameras x", "--cameras -1", "--cameras 201", "--tools 21", "--backend 1.2",
+              "--backend 1.2.x", "--seed -1", "--coordinate-type sideways", "--what", "extra"}) {
             QProcess process;
             process.start(SIMULATOR_PROGRAM, QString(options).split(' ') << "--headless");
             QVERIFY2(process.waitForFinished(patience), options);
