@@ -33,6 +33,14 @@ struct MatchingFixture
         dialog.reset();
     }
 
+    /// What the controller answers to a query; an empty reply is a failure.
+    void answer(const QString& query, const QString& reply)
+    {
+        controller->values.erase(query.toStdString());
+        if (!reply.isEmpty())
+            controller->values[query.toStdString()] = reply.toStdString();
+    }
+
     /// Opens the dialog, runs the step in it, closes it if it is still there.
     void exec(std::function<void()> step)
     {

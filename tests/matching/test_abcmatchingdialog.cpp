@@ -240,34 +240,27 @@ private slots:
 
     void tool_list_data()
     {
-        QTest::addColumn<QString>("uncalibrated");
-        QTest::addColumn<QString>("failing");
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QString>("reply"); // none is a failed query
         QTest::addColumn<QStringList>("items");
         QTest::addColumn<QString>("message");
-        QTest::newRow("both") << ""
-                              << "" << QStringList{"M1", "M2"} << "";
-        QTest::newRow("one calibrated") << "b01"
-                                        << "" << QStringList{"M2"} << "";
+        const QString number = "number_of_tools", first = "tip_calibrated b01";
+        const QString no_number = "Error : Unable to get number of measurement tools";
+        QTest::newRow("both") << first << "1" << QStringList{"M1", "M2"} << "";
+        QTest::newRow("one calibrated") << first << "0" << QStringList{"M2"} << "";
         QTest::newRow("one query fails")
-            << ""
-            << "get measurementtool tip_calibrated b01" << QStringList{"M2"}
-            << "Error : Unable to get info of tip calibration";
-        QTest::newRow("no number of tools") << ""
-                                            << "get measurementtool number" << QStringList{}
-                                            << "Error : Unable to get number of measurement tools";
+            << first << "" << QStringList{"M2"} << "Error : Unable to get info of tip calibration";
+        for (const char* reply : {"", "-1", "4097", "2147483647"})
+            QTest::addRow("'%s' tools", reply) << number << reply << QStringList{} << no_number;
     }
 
     void tool_list()
     {
-        QFETCH(QString, uncalibrated);
-        QFETCH(QString, failing);
+        QFETCH(QString, query);
+        QFETCH(QString, reply);
         QFETCH(QStringList, items);
         QFETCH(QString, message);
-        if (!uncalibrated.isEmpty())
-            controller->values["measurementtool tip_calibrated " + uncalibrated.toStdString()] =
-                "0";
-        if (!failing.isEmpty())
-            controller->failing.push_back(failing.toStdString());
+        answer("measurementtool " + query, reply);
         exec([&] {
             QComboBox* box = child<QComboBox>("comboBox_meatool");
             QStringList texts;

@@ -29,7 +29,11 @@ class TestAbcMatchingDialogEnds : public QObject, private MatchingFixture
 
 private slots:
     void initTestCase() { install_fatal_logger(); }
-    void init() { start(new BusyHost); }
+    void init()
+    {
+        start(new BusyHost);
+        at_window = [this](QDialog*) { end(); };
+    }
     void cleanup() { stop(); }
 
     void the_dialog_may_end_under_any_window_data()
@@ -58,6 +62,30 @@ private slots:
             QVERIFY2(!left->inherits("QDialog") && !left->inherits("QTableWidget"), "left behind");
     }
 
+    // Its points stay, whatever is answered afterwards.
+    void an_answer_to_a_closed_dialog_changes_nothing_data()
+    {
+        QTest::addColumn<QString>("window");
+        for (const char* window : {"remove a reference point", "remove a measured point",
+                                   "clear measured points", "load"})
+            QTest::newRow(window) << window;
+    }
+
+    void an_answer_to_a_closed_dialog_changes_nothing()
+    {
+        QFETCH(QString, window);
+        QTemporaryFile file;
+        QVERIFY(file.open() && file.write("1 1 2 3\n1 4 5 6\n") > 0 && file.flush());
+        at_window = [&](QDialog* box) {
+            dialog->close();
+            if (QLineEdit* name = box->findChild<QLineEdit*>("fileNameEdit"))
+                name->setText(file.fileName());
+            box->done(window == "load" ? int(QDialog::Accepted) : int(QMessageBox::Yes));
+        };
+        exec([this, window] { open(window); });
+        QVERIFY(dialog->getRPCount() == 1 && dialog->getMPCount() == 1);
+    }
+
     void a_start_does_not_enter_itself()
     {
         controller->failing = {"get measurementtool measurement_tip", "do "};
@@ -81,7 +109,7 @@ private:
     template <class Window>
     void end_under()
     {
-        when_open<Window>([this](Window*) { end(); });
+        when_open<Window>([this](Window* box) { at_window(box); });
     }
 
     void end_with_the_next_message(const char* failing)
@@ -137,6 +165,8 @@ private:
             dialog->set_ascii_data("6dmt2", tool->line().constData());
         }
     }
+
+    std::function<void(QDialog*)> at_window; ///< what happens while a window of the dialog stands
 };
 
 QTEST_MAIN(TestAbcMatchingDialogEnds)

@@ -159,26 +159,39 @@ private slots:
 
     void what_a_start_says_data()
     {
-        QTest::addColumn<QString>("failing");
+        QTest::addColumn<QString>("duration"); // replies; none is a failure
+        QTest::addColumn<QString>("tolerance");
+        QTest::addColumn<bool>("starts");
         QTest::addColumn<int>("maximum");
         QTest::addColumn<double>("tolerated");
         QTest::addColumn<QString>("message");
-        QTest::newRow("all well") << "" << 50 << 2.5 << "";
-        QTest::newRow("no duration is silent")
-            << "get measurementtool measurement_duration" << 100 << 2.5 << "";
-        QTest::newRow("no tolerance") << "get measurementtool measurement_tip" << 50 << 1.5
-                                      << "Error : Unable to get tip tolerance of measurement tool";
-        QTest::newRow("not started")
-            << "do " << 50 << 2.5 << "Error : Unable to start measurement tool measurement";
+        const QString no_tolerance = "Error : Unable to get tip tolerance of measurement tool";
+        QTest::newRow("all well") << "0.5"
+                                  << "2.5" << true << 50 << 2.5 << "";
+        QTest::newRow("no duration is silent") << ""
+                                               << "2.5" << true << 100 << 2.5 << "";
+        QTest::newRow("nor is an endless one") << "inf"
+                                               << "2.5" << true << 100 << 2.5 << "";
+        QTest::newRow("no tolerance") << "0.5"
+                                      << "" << true << 50 << 1.5 << no_tolerance;
+        QTest::newRow("one that is no number") << "0.5"
+                                               << "nan" << true << 50 << 1.5 << no_tolerance;
+        QTest::newRow("not started") << "0.5"
+                                     << "2.5" << false << 50 << 2.5
+                                     << "Error : Unable to start measurement tool measurement";
     }
 
     void what_a_start_says()
     {
-        QFETCH(QString, failing);
+        QFETCH(QString, duration);
+        QFETCH(QString, tolerance);
+        QFETCH(bool, starts);
         QFETCH(double, tolerated);
         QFETCH(QString, message);
-        if (!failing.isEmpty())
-            controller->failing.push_back(failing.toStdString());
+        answer("measurementtool measurement_duration b01", duration);
+        answer("measurementtool measurement_tip_tolerance b01", tolerance);
+        if (!starts)
+            controller->failing.push_back("do ");
         dialog->on_w_measureButton_clicked();
         Log said;
         for (const std::string& entry : controller->log)
