@@ -4,6 +4,7 @@
 #include "simulator/program/frameclock.h"
 #include "simulator/program/lineserver.h"
 #include "simulator/program/pointsfile.h"
+#include "simulator/program/requestlabels.h"
 #include "simulator/window/simulatorwindow.h"
 
 #include <QApplication>
@@ -95,8 +96,9 @@ int run(QCoreApplication& application, const CommandLine& line)
     Simulator simulator(line.setup);
     simulator.write_file = write_points_file;
     simulator.points_file = line.points_file.isEmpty() ? default_points_file() : line.points_file;
-    LineServer server(
+    RequestLabels labels(
         [&](const QByteArray& request) { return answer_or_stop(simulator, request); });
+    LineServer server([&](const QByteArray& line) { return labels.answer(line); });
     if (!server.listen(line.port)) {
         std::fprintf(stderr, "tracking-simulator: cannot listen on port %d: %s\n", line.port,
                      qPrintable(server.error_text()));

@@ -1,5 +1,6 @@
 #include "matching/referencepointfile.h"
 #include "simulator/model/numbers.h"
+#include "simulator/program/requestlabels.h"
 #include "tests/simulator/frames.h"
 #include "tests/support/fatal_logger.h"
 
@@ -11,8 +12,11 @@
 #include <QTemporaryDir>
 #include <QUdpSocket>
 #include <QtTest>
+#include <csignal>
 #include <memory>
 #include <sstream>
+
+using namespace simulator;
 
 namespace
 {
@@ -222,6 +226,48 @@ private slots:
         QCOMPARE(s.ask("get status active"), QByteArray("ok idle"));
     }
 
+    void labelled_requests_can_be_told_apart_afterwards()
+    {
+        RunningSimulator s;
+        const QByteArray now = QByteArray::number(QDateTime::currentMSecsSinceEpoch());
+        const QByteArray longest(RequestLabels::max_label_length, 'x');
+        for (const QByteArray& row :
+             {QByteArray("#a-1 sim lock > #a-1 ok"),
+              QByteArray("#b@1 sim unlock > #b error too late, nothing was done"),
+              '#' + longest + '@' + now + "99 get status active > #" + longest + " ok idle",
+              QByteArray(
+                  "#c set tracking extra_scaling 1.1 > #c error the configuration is locked"),
+              QByteArray("sim outcome a-1 > ok done ok"),
+              QByteArray("sim outcome b > ok done error too late, nothing was done"),
+              QByteArray("#d sim outcome c > #d ok done error the configuration is locked"),
+              QByteArray("sim outcome other > ok none")})
+            QCOMPARE(s.ask(row.left(row.indexOf(" > "))), row.mid(row.indexOf(" > ") + 3));
+        for (const QByteArray& bad :
+             {QByteArray("# sim lock"), QByteArray("#a"), '#' + longest + "x sim lock",
+              QByteArray("#a@ sim lock"), QByteArray("#a@x sim lock"), QByteArray("#a_b sim lock"),
+              QByteArray("##a sim lock"), QByteArray("#a #a sim lock")})
+            QVERIFY2(s.ask(bad).contains("error"), bad);
+    }
+
+    // The client has gone and its request waits in a stopped process.
+    void a_late_request_of_a_stopped_simulator_is_not_carried_out()
+    {
+        RunningSimulator s;
+        ::kill(pid_t(s.process.processId()), SIGSTOP);
+        const qint64 latest = QDateTime::currentMSecsSinceEpoch() + 100;
+        s.socket.write("#1 sim lock\n#2@" + QByteArray::number(latest) + " sim unlock\n");
+        QVERIFY(s.socket.waitForBytesWritten(patience));
+        s.socket.disconnectFromHost();
+        QTest::qWait(150);
+        ::kill(pid_t(s.process.processId()), SIGCONT);
+        QTcpSocket next;
+        s.connect_to(next);
+        QTRY_COMPARE(s.ask(next, "sim outcome 1"), QByteArray("ok done ok"));
+        QTRY_COMPARE(s.ask(next, "sim outcome 2"),
+                     QByteArray("ok done error too late, nothing was done"));
+        QVERIFY(s.ask(next, "sim state").contains("locked=1"));
+    }
+
     void the_points_are_saved_where_it_was_told()
     {
         QTemporaryDir folder;
@@ -236,7 +282,7 @@ private slots:
         QVERIFY(read_reference_points(stream, read));
         QByteArray expected = "ok";
         for (const bsVector& p : read)
-            expected += ' ' + simulator::fixed(simulator::Vec3{p.x, p.y, p.z}, 2);
+            expected += ' ' + fixed(Vec3{p.x, p.y, p.z}, 2);
         QCOMPARE(s.ask("sim object"), expected);
         RunningSimulator nowhere({"--points", folder.filePath("with blank")});
         QVERIFY(nowhere.ask("sim points").startsWith("error "));
