@@ -4,6 +4,7 @@
 #include "matching/matchinghelp.h"
 #include "module/roomadjustmentdlg.h"
 #include "tests/support/fake_controller.h"
+#include "tests/support/fatal_logger.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
@@ -60,6 +61,7 @@ class TestTranslations : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { install_fatal_logger(); }
     void everything_can_be_read_and_reached()
     {
         for (const char* code : {"en", "de", "ja"}) {

@@ -16,6 +16,7 @@ class FakeController : public IOManager
 {
 public:
     FakeController();
+    virtual ~FakeController() = default;
 
     /// Every call in order: "get NAME", "set NAME VALUES", "do COMMAND", "message TEXT",
     /// "subscribe TYPE", "unsubscribe TYPE", "add", "remove". Failed ones end in " -> failed".
