@@ -14,15 +14,25 @@ struct Options
     quint16 controller_port = 0;
     QString language; ///< code such as "de"; empty: the desktop's
     bool observer = false;
-    QString record_file; ///< empty: do not record
-    QString replay_file; ///< empty: deliver the controller's data
+    QString record_file;    ///< empty: do not record
+    bool overwrite = false; ///< a file of that name may be lost
+    QString replay_file;    ///< empty: deliver the controller's data
     bool demo = false;
     QString screenshot_folder; ///< empty: no screenshots
     int demo_limit = 0;        ///< seconds
+
+    bool fresh = false; ///< forget places of windows and what was dismissed
+    bool help = false;
+    bool version = false;
 };
 
-/// Reads the arguments; defaults stand next to the running program. Needs a QCoreApplication. Help
-/// and version texts are printed and end the program. False on a mistake, told in `error`.
+/// Reads the arguments, the program's name first; defaults stand next to the running program. Needs
+/// a QCoreApplication. False on a mistake, told in `error`; `help` and `version` hold even then.
 bool read_options(const QStringList& arguments, Options* options, QString* error);
+
+QString help_text();
+
+/// True if recording would destroy a file that nobody has given up yet.
+bool would_overwrite(const Options& options);
 
 #endif

@@ -6,6 +6,7 @@
 
 #include "host/connection/controllerlink.h"
 #include "host/connection/controllerprocess.h"
+#include "host/connection/controllerwatch.h"
 #include "host/connection/datareceiver.h"
 #include "host/connection/gateway.h"
 #include "host/connection/subscriptions.h"
@@ -41,12 +42,22 @@ public:
 private:
     bool find_controller();
     bool read_versions();
+    bool resolve_address();
     bool start_data();
     bool start_replay();
     bool start_recording();
     bool start_module();
+    bool request_stream();
+    void welcome_controller();
+    void notice_loss();
+    void notice_state();
+    void notice_end(const QString& text);
+    void restart_simulator();
+    void follow_simulator();
     void notice_exchange(const Exchange& exchange);
+    void count_frames();
     void show_state();
+    StatusFacts::Controller controller_state() const;
     void warn(const QString& text);
     bool fail(const QString& text);
 
@@ -54,6 +65,7 @@ private:
     QString m_error;
     BackendVersions m_versions{};
     ControllerProcess m_process;
+    ControllerWatch m_watch;
     Subscriptions m_subscriptions;
     std::unique_ptr<DataReceiver> m_receiver;
     std::unique_ptr<MainWindow> m_window;
@@ -62,8 +74,13 @@ private:
     ModuleLoader m_module;
     QTimer m_state_timer;
     QElapsedTimer m_state_clock;
+    QElapsedTimer m_data_clock; ///< since the last data, or since tracking began
     DataReceiver::Counters m_last_counters{};
-    bool m_controller_answers = false;
+    StatusFacts m_facts;
+    quint16 m_data_port = 0; ///< 0: replay, or nothing to receive on
+    bool m_gave_up = false;  ///< the last request of the modules had no answer
+    bool m_was_lost = false;
+    bool m_has_ended = false; ///< the own simulator
     bool m_streaming = false;
 };
 

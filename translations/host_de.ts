@@ -55,6 +55,48 @@ Loads modules, passes their texts to the controller and delivers its tracking da
 
 Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen dessen Trackingdaten.</translation>
     </message>
+    <message>
+        <source>&amp;Start the simulator again</source>
+        <translation>&amp;Simulator neu starten</translation>
+    </message>
+    <message>
+        <source>Controller</source>
+        <translation>Controller</translation>
+    </message>
+    <message>
+        <source>The tracking simulator has ended.</source>
+        <translation>Der Tracking-Simulator ist beendet.</translation>
+    </message>
+    <message>
+        <source>Start the simulator again</source>
+        <translation>Simulator neu starten</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>Close the notice</source>
+        <translation>Hinweis schließen</translation>
+    </message>
+    <message>
+        <source>  (%1 times)</source>
+        <translation>  (%1-mal)</translation>
+    </message>
+    <message>
+        <source>Click to close</source>
+        <translation>Klicken schließt den Hinweis</translation>
+    </message>
+    <message>
+        <source>Click to keep it here</source>
+        <translation>Klicken hält den Hinweis fest</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>Notices</source>
+        <translation>Hinweise</translation>
+    </message>
 </context>
 <context>
     <name>Session</name>
@@ -83,36 +125,86 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
         <translation>Modul geladen: %1</translation>
     </message>
     <message>
-        <source>The controller does not answer: %1</source>
-        <translation>Der Controller antwortet nicht: %1</translation>
+        <source>There is no host %1: %2</source>
+        <translation>Es gibt keinen Rechner %1: %2</translation>
+    </message>
+    <message>
+        <source>The controller answers again</source>
+        <translation>Der Controller antwortet wieder</translation>
+    </message>
+    <message>
+        <source>The controller does not answer</source>
+        <translation>Der Controller antwortet nicht</translation>
+    </message>
+</context>
+<context>
+    <name>StatusTexts</name>
+    <message>
+        <source>Controller is starting</source>
+        <translation>Controller startet</translation>
     </message>
     <message>
         <source>Controller %1</source>
         <translation>Controller %1</translation>
     </message>
     <message>
-        <source>&lt;font color=&apos;#a00000&apos;&gt;Controller %1 does not answer&lt;/font&gt;</source>
-        <translation>&lt;font color=&apos;#a00000&apos;&gt;Controller %1 antwortet nicht&lt;/font&gt;</translation>
+        <source>Controller %1 answers too slowly</source>
+        <translation>Controller %1 antwortet zu langsam</translation>
     </message>
     <message>
-        <source>Data %1 frames/s</source>
-        <translation>Daten: %1 Bilder/s</translation>
+        <source>Controller %1 does not answer</source>
+        <translation>Controller %1 antwortet nicht</translation>
     </message>
     <message>
-        <source>Replay of %1, %2 lines</source>
-        <translation>Wiedergabe von %1, %2 Zeilen</translation>
+        <source>The tracking simulator has ended</source>
+        <translation>Der Tracking-Simulator ist beendet</translation>
+    </message>
+    <message>
+        <source>Backend %1 | %2</source>
+        <translation>Backend %1 | %2</translation>
     </message>
     <message>
         <source>, %1 torn</source>
         <translation>, %1 abgerissen</translation>
     </message>
     <message>
+        <source>, %1 from elsewhere refused</source>
+        <translation>, %1 von anderswo abgelehnt</translation>
+    </message>
+    <message>
         <source>, recording to %1</source>
         <translation>, Aufzeichnung in %1</translation>
     </message>
     <message>
-        <source>Backend %1 | %2</source>
-        <translation>Backend %1 | %2</translation>
+        <source>Replay of %1, %2 lines</source>
+        <translation>Wiedergabe von %1, %2 Zeilen</translation>
+    </message>
+    <message>
+        <source>no data</source>
+        <translation>keine Daten</translation>
+    </message>
+    <message>
+        <source>tracking, but no data for %1 s</source>
+        <translation>Tracking läuft, aber seit %1 s keine Daten</translation>
+    </message>
+    <message>
+        <source>Data %1 frames/s</source>
+        <translation>Daten: %1 Bilder/s</translation>
+    </message>
+    <message>
+        <source>not tracking</source>
+        <translation>kein Tracking</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Recording</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>%1 exists. Shall it be overwritten?</source>
+        <translation>%1 existiert. Soll die Datei überschrieben werden?</translation>
     </message>
 </context>
 </TS>

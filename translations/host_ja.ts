@@ -55,6 +55,48 @@ Loads modules, passes their texts to the controller and delivers its tracking da
 
 モジュールを読み込み、その要求をコントローラーに渡し、トラッキングデータをモジュールに届けます。</translation>
     </message>
+    <message>
+        <source>&amp;Start the simulator again</source>
+        <translation>シミュレーターを再起動(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Controller</source>
+        <translation>コントローラー</translation>
+    </message>
+    <message>
+        <source>The tracking simulator has ended.</source>
+        <translation>トラッキングシミュレーターが終了しました。</translation>
+    </message>
+    <message>
+        <source>Start the simulator again</source>
+        <translation>シミュレーターを再起動</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>Close the notice</source>
+        <translation>通知を閉じる</translation>
+    </message>
+    <message>
+        <source>  (%1 times)</source>
+        <translation>  (%1 回)</translation>
+    </message>
+    <message>
+        <source>Click to close</source>
+        <translation>クリックすると閉じます</translation>
+    </message>
+    <message>
+        <source>Click to keep it here</source>
+        <translation>クリックすると表示したままにします</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>Notices</source>
+        <translation>通知</translation>
+    </message>
 </context>
 <context>
     <name>Session</name>
@@ -83,36 +125,86 @@ Loads modules, passes their texts to the controller and delivers its tracking da
         <translation>モジュールを読み込みました: %1</translation>
     </message>
     <message>
-        <source>The controller does not answer: %1</source>
-        <translation>コントローラーが応答しません: %1</translation>
+        <source>There is no host %1: %2</source>
+        <translation>ホスト %1 がありません: %2</translation>
+    </message>
+    <message>
+        <source>The controller answers again</source>
+        <translation>コントローラーが再び応答しています</translation>
+    </message>
+    <message>
+        <source>The controller does not answer</source>
+        <translation>コントローラーが応答しません</translation>
+    </message>
+</context>
+<context>
+    <name>StatusTexts</name>
+    <message>
+        <source>Controller is starting</source>
+        <translation>コントローラーを起動中</translation>
     </message>
     <message>
         <source>Controller %1</source>
         <translation>コントローラー %1</translation>
     </message>
     <message>
-        <source>&lt;font color=&apos;#a00000&apos;&gt;Controller %1 does not answer&lt;/font&gt;</source>
-        <translation>&lt;font color=&apos;#a00000&apos;&gt;コントローラー %1 が応答しません&lt;/font&gt;</translation>
+        <source>Controller %1 answers too slowly</source>
+        <translation>コントローラー %1 の応答が遅すぎます</translation>
     </message>
     <message>
-        <source>Data %1 frames/s</source>
-        <translation>データ %1 フレーム/秒</translation>
+        <source>Controller %1 does not answer</source>
+        <translation>コントローラー %1 が応答しません</translation>
     </message>
     <message>
-        <source>Replay of %1, %2 lines</source>
-        <translation>%1 を再生中、%2 行</translation>
+        <source>The tracking simulator has ended</source>
+        <translation>トラッキングシミュレーターが終了しました</translation>
+    </message>
+    <message>
+        <source>Backend %1 | %2</source>
+        <translation>バックエンド %1 | %2</translation>
     </message>
     <message>
         <source>, %1 torn</source>
         <translation>、欠損 %1</translation>
     </message>
     <message>
+        <source>, %1 from elsewhere refused</source>
+        <translation>、他からの %1 件を拒否</translation>
+    </message>
+    <message>
         <source>, recording to %1</source>
         <translation>、%1 に記録中</translation>
     </message>
     <message>
-        <source>Backend %1 | %2</source>
-        <translation>バックエンド %1 | %2</translation>
+        <source>Replay of %1, %2 lines</source>
+        <translation>%1 を再生中、%2 行</translation>
+    </message>
+    <message>
+        <source>no data</source>
+        <translation>データなし</translation>
+    </message>
+    <message>
+        <source>tracking, but no data for %1 s</source>
+        <translation>トラッキング中ですが %1 秒間データがありません</translation>
+    </message>
+    <message>
+        <source>Data %1 frames/s</source>
+        <translation>データ %1 フレーム/秒</translation>
+    </message>
+    <message>
+        <source>not tracking</source>
+        <translation>トラッキング停止中</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Recording</source>
+        <translation>記録</translation>
+    </message>
+    <message>
+        <source>%1 exists. Shall it be overwritten?</source>
+        <translation>%1 は存在します。上書きしますか?</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,8 @@ namespace
 {
 
 constexpr int short_limit = 250;         // ms, while the controller is distrusted
+constexpr int rest_time = 100;           // ms without a request, after which a new gesture begins
+constexpr int fast_answer = 20;          // ms; answers like this are not counted against the limit
 constexpr int distrust_time = 5000;      // ms
 constexpr int longest_reply = 64 * 1024; // bytes
 
@@ -19,7 +21,7 @@ Reply parse_reply(const QByteArray& line)
         return {Reply::done, line.mid(3)};
     if (line == "error" || line.startsWith("error "))
         return {Reply::refused, line.mid(6)};
-    return {Reply::no_answer, "malformed reply"};
+    return {Reply::unknown, "malformed reply"};
 }
 
 } // namespace
@@ -27,6 +29,17 @@ Reply parse_reply(const QByteArray& line)
 ControllerLink::ControllerLink(const QString& host, quint16 port, int limit_ms, QObject* parent)
     : QObject(parent), m_host_name(host), m_port_number(port), m_limit(limit_ms)
 {
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(rest_time);
+    connect(&m_rest, &QTimer::timeout, this, [this] { m_spent = 0; });
+}
+
+void ControllerLink::set_address(const QString& host, quint16 port)
+{
+    m_socket.abort();
+    m_host_name = host;
+    m_port_number = port;
+    m_distrust = QDeadlineTimer();
 }
 
 QString ControllerLink::address() const
@@ -43,6 +56,7 @@ Reply ControllerLink::request(const QByteArray& line)
     clock.start();
     result.reply = exchange(line);
     result.milliseconds = clock.elapsed();
+    count_time(result);
     emit exchanged(result);
     return result.reply;
 }
@@ -50,18 +64,20 @@ Reply ControllerLink::request(const QByteArray& line)
 Reply ControllerLink::exchange(const QByteArray& line)
 {
     if (line.contains('\n'))
-        return {Reply::refused, "a request is one line"};
+        return {Reply::not_sent, "a request is one line"};
+    if (current_limit() <= 0)
+        return {Reply::not_sent, "earlier answers have taken all the time"};
     const QDeadlineTimer deadline(current_limit());
     if (!ensure_connected(deadline))
-        return give_up(m_socket.errorString().toUtf8());
+        return give_up(Reply::not_sent, m_socket.errorString().toUtf8());
     m_socket.write(line + '\n');
     if (!await_line(deadline))
-        return give_up(deadline.hasExpired() ? QByteArray("no answer in time")
-                                             : m_socket.errorString().toUtf8());
+        return give_up(Reply::unknown, deadline.hasExpired() ? QByteArray("no answer in time")
+                                                             : m_socket.errorString().toUtf8());
     QByteArray answer = m_socket.readLine();
     answer.chop(1);
     const Reply reply = parse_reply(answer);
-    if (reply.outcome == Reply::no_answer || m_socket.bytesAvailable() > 0)
+    if (!reply.is_answer() || m_socket.bytesAvailable() > 0)
         m_socket.abort();
     m_distrust = QDeadlineTimer();
     return reply;
@@ -91,14 +107,22 @@ bool ControllerLink::await_line(const QDeadlineTimer& deadline)
     return true;
 }
 
-Reply ControllerLink::give_up(const QByteArray& reason)
+Reply ControllerLink::give_up(Reply::Outcome outcome, const QByteArray& reason)
 {
     m_socket.abort();
     m_distrust = QDeadlineTimer(distrust_time);
-    return {Reply::no_answer, reason};
+    return {outcome, reason};
 }
 
 int ControllerLink::current_limit() const
 {
-    return m_distrust.hasExpired() ? m_limit : std::min(m_limit, short_limit);
+    const int left = std::max(0, m_limit - static_cast<int>(m_spent));
+    return m_distrust.hasExpired() ? left : std::min(left, short_limit);
+}
+
+void ControllerLink::count_time(const Exchange& exchange)
+{
+    if (exchange.milliseconds > fast_answer || !exchange.reply.is_answer())
+        m_spent += exchange.milliseconds;
+    m_rest.start();
 }

@@ -13,9 +13,10 @@ constexpr int end_limit = 2000;    // ms
 ControllerProcess::ControllerProcess(QObject* parent) : QProcess(parent)
 {
     setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    connect(this, &QProcess::readyReadStandardOutput, this, [this] {
-        if (m_listening_port != 0)
-            readAllStandardOutput();
+    connect(this, &QProcess::readyReadStandardOutput, this, &ControllerProcess::take_output);
+    connect(this, &QProcess::errorOccurred, this, [this](QProcess::ProcessError fault) {
+        if (fault == QProcess::FailedToStart)
+            emit lost(QStringLiteral("%1: %2").arg(program(), errorString()));
     });
     connect(this, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             &ControllerProcess::notice_end);
@@ -25,6 +26,8 @@ ControllerProcess::~ControllerProcess() { end(); }
 
 bool ControllerProcess::launch(const QString& program, const QStringList& arguments)
 {
+    const QSignalBlocker quiet(this);
+    m_listening_port = 0;
     start(program, arguments);
     if (!waitForStarted(start_limit))
         return fail(QStringLiteral("%1: %2").arg(program, errorString()));
@@ -35,6 +38,27 @@ bool ControllerProcess::launch(const QString& program, const QStringList& argume
         return fail(QStringLiteral("%1 says \"%2\" instead of where it listens")
                         .arg(program, QString::fromLatin1(line)));
     return true;
+}
+
+void ControllerProcess::begin(const QString& program, const QStringList& arguments)
+{
+    m_listening_port = 0;
+    start(program, arguments);
+}
+
+// What comes after the first line is of no interest, but would fill the buffer.
+void ControllerProcess::take_output()
+{
+    if (m_listening_port != 0) {
+        readAllStandardOutput();
+        return;
+    }
+    if (!canReadLine())
+        return;
+    if (read_address(readLine().trimmed()))
+        emit listening();
+    else
+        kill();
 }
 
 void ControllerProcess::end()

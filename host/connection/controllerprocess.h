@@ -19,6 +19,8 @@ public:
     /// Starts `program` and waits until it says where it listens. False if it does not come to
     /// that; error_text() says why.
     bool launch(const QString& program, const QStringList& arguments);
+    /// The same without waiting: `listening` or `lost` tells how it went.
+    void begin(const QString& program, const QStringList& arguments);
 
     QString host() const { return m_listening_host; }
     quint16 port() const { return m_listening_port; }
@@ -28,11 +30,13 @@ public:
     void end();
 
 signals:
+    void listening();
     /// The process has ended without having been asked to.
     void lost(const QString& text);
 
 private:
     bool await_first_line();
+    void take_output();
     bool read_address(const QByteArray& line);
     bool fail(const QString& text);
     void notice_end(int exit_code, QProcess::ExitStatus status);

@@ -2,6 +2,8 @@
 
 #include "host/connection/subscriptions.h"
 
+#include <QNetworkDatagram>
+#include <QRegularExpression>
 #include <QUdpSocket>
 
 #include <future>
@@ -16,6 +18,8 @@ using std::chrono::milliseconds;
 // How long the thread may take to notice that it shall end.
 constexpr int receive_wait = 100;         // ms
 constexpr milliseconds listener_wait(20); // between looks whether anybody listens
+
+constexpr milliseconds silence_limit(1000); // far above what a frame takes
 
 Clock::duration to_duration(double seconds)
 {
@@ -32,6 +36,15 @@ QList<QByteArray> complete_lines(const QByteArray& datagram, int* torn)
         ++*torn;
     lines.removeAll(QByteArray());
     return lines;
+}
+
+// Of a tool only the first group holds four numbers: id, quality, number of buttons, tip radius.
+QByteArray with_tools_unseen(const QByteArray& line)
+{
+    static const QRegularExpression header(QStringLiteral("\\[(\\d+) [^ \\]]+ (\\d+ [^ \\]]+)\\]"));
+    if (!line.startsWith("6dmt"))
+        return {};
+    return QString::fromLatin1(line).replace(header, QStringLiteral("[\\1 -1.000 \\2]")).toLatin1();
 }
 
 DataReceiver::DataReceiver(Subscriptions& subscriptions) : m_subscriptions(subscriptions) {}
@@ -58,6 +71,13 @@ quint16 DataReceiver::listen()
     return port.get();
 }
 
+void DataReceiver::accept_only(const QHostAddress& address, quint16 port)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_source = address;
+    m_source_port = port;
+}
+
 void DataReceiver::replay(std::unique_ptr<RecordingReader> reader)
 {
     m_thread = std::thread([this, reader = std::move(reader)] { play_back(*reader); });
@@ -74,7 +94,10 @@ void DataReceiver::stop()
         m_thread.join();
 }
 
-DataReceiver::Counters DataReceiver::counters() const { return {m_frames, m_lines, m_torn_lines}; }
+DataReceiver::Counters DataReceiver::counters() const
+{
+    return {m_frames, m_lines, m_torn_lines, m_refused};
+}
 
 QStringList DataReceiver::take_reports()
 {
@@ -87,11 +110,11 @@ void DataReceiver::receive_datagrams(QUdpSocket& socket)
     while (!pause(milliseconds(0))) {
         socket.waitForReadyRead(receive_wait);
         while (socket.hasPendingDatagrams() && !pause(milliseconds(0))) {
-            QByteArray datagram(static_cast<int>(socket.pendingDatagramSize()), Qt::Uninitialized);
-            const qint64 size = socket.readDatagram(datagram.data(), datagram.size());
-            if (size >= 0)
-                take_datagram(datagram.left(static_cast<int>(size)));
+            const QNetworkDatagram datagram = socket.receiveDatagram();
+            if (datagram.isValid() && comes_from_controller(datagram))
+                take_datagram(datagram);
         }
+        notice_silence();
     }
 }
 
@@ -118,13 +141,40 @@ void DataReceiver::play_back(RecordingReader& reader)
                                              : reader.error_text());
 }
 
-void DataReceiver::take_datagram(const QByteArray& datagram)
+void DataReceiver::take_datagram(const QNetworkDatagram& datagram)
 {
     int torn = 0;
     ++m_frames;
-    for (const QByteArray& line : complete_lines(datagram, &torn))
+    m_last_datagram = Clock::now();
+    for (const QByteArray& line : complete_lines(datagram.data(), &torn)) {
         take_line(line);
+        if (line.startsWith("6dmt"))
+            m_tool_lines[line.left(line.indexOf(' '))] = line;
+    }
     m_torn_lines += static_cast<quint64>(torn);
+}
+
+bool DataReceiver::comes_from_controller(const QNetworkDatagram& datagram)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const quint16 port = static_cast<quint16>(datagram.senderPort());
+    if (datagram.senderAddress().isEqual(m_source) && (m_source_port == 0 || m_source_port == port))
+        return true;
+    ++m_refused;
+    const QString intruder =
+        QStringLiteral("%1:%2").arg(datagram.senderAddress().toString()).arg(port);
+    if (std::exchange(m_reported_intruder, intruder) != intruder)
+        m_reports.append(
+            QStringLiteral("Data from %1 is refused: that is not the controller").arg(intruder));
+    return false;
+}
+
+void DataReceiver::notice_silence()
+{
+    if (m_tool_lines.empty() || Clock::now() - m_last_datagram < silence_limit)
+        return;
+    for (const auto& type_and_line : std::exchange(m_tool_lines, {}))
+        m_subscriptions.deliver(with_tools_unseen(type_and_line.second));
 }
 
 void DataReceiver::take_line(const QByteArray& line)

@@ -4,16 +4,19 @@
 
 #include "host/connection/recording.h"
 
+#include <QHostAddress>
 #include <QList>
 #include <QStringList>
 
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <thread>
 
+class QNetworkDatagram;
 class QUdpSocket;
 class Subscriptions;
 
@@ -21,6 +24,12 @@ class Subscriptions;
 /// last line feed was cut off on its way; `torn` counts such remainders.
 QList<QByteArray> complete_lines(const QByteArray& datagram, int* torn);
 
+/// The same line as it would be if no tool in it were seen; empty for lines of other types.
+QByteArray with_tools_unseen(const QByteArray& line);
+
+/// When the data stops while a tool is seen, the last line of the tools is delivered once more with
+/// all of them unseen: otherwise a measurement under way would wait for ever.
+///
 /// Everything public is for the GUI thread. Start it once; the destructor stops it.
 class DataReceiver
 {
@@ -29,7 +38,8 @@ public:
     {
         quint64 frames; ///< datagrams, or lines played back
         quint64 lines;
-        quint64 torn; ///< lines dropped because they were incomplete
+        quint64 torn;    ///< lines dropped because they were incomplete
+        quint64 refused; ///< datagrams that came from somebody else
     };
 
     explicit DataReceiver(Subscriptions& subscriptions);
@@ -43,6 +53,10 @@ public:
     /// Listens on a UDP port of the loopback address, chosen by the system. Returns the port, or 0
     /// if there is none to be had.
     quint16 listen();
+
+    /// From now on takes datagrams only from this address and, unless it is 0, this port. Until the
+    /// first call none is taken.
+    void accept_only(const QHostAddress& address, quint16 port);
 
     /// Plays an open recording back at its own speed, but only while somebody listens.
     void replay(std::unique_ptr<RecordingReader> reader);
@@ -58,7 +72,9 @@ public:
 private:
     void receive_datagrams(QUdpSocket& socket);
     void play_back(RecordingReader& reader);
-    void take_datagram(const QByteArray& datagram);
+    void take_datagram(const QNetworkDatagram& datagram);
+    bool comes_from_controller(const QNetworkDatagram& datagram);
+    void notice_silence();
     void take_line(const QByteArray& line);
     bool wait_until(std::chrono::steady_clock::time_point time);
     bool pause(std::chrono::milliseconds time);
@@ -71,9 +87,15 @@ private:
     std::atomic<quint64> m_frames{0};
     std::atomic<quint64> m_lines{0};
     std::atomic<quint64> m_torn_lines{0};
-    std::mutex m_mutex; ///< guards the two below
+    std::atomic<quint64> m_refused{0};
+    std::map<QByteArray, QByteArray> m_tool_lines; ///< the last one of each type, data thread only
+    std::chrono::steady_clock::time_point m_last_datagram;
+    std::mutex m_mutex; ///< guards what follows
     bool m_stopping = false;
     QStringList m_reports;
+    QHostAddress m_source;
+    quint16 m_source_port = 0;
+    QString m_reported_intruder;
     std::condition_variable m_stop_requested;
 };
 

@@ -1,5 +1,6 @@
 #include "host/window/mainwindow.h"
 
+#include "host/window/colors.h"
 #include "host/window/hosticon.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTime>
@@ -24,6 +26,7 @@ constexpr int traffic_lines = 2000;
 constexpr int fault_level = 1;
 constexpr QSize initial_size(1040, 720);
 
+const char fault_property[] = "isFault";
 const char time_format[] = "HH:mm:ss.zzz";
 
 QPlainTextEdit* create_pane(const QString& title, const QString& hint, int lines,
@@ -53,10 +56,12 @@ QString reply_text(const Reply& reply)
         return text.isEmpty() ? QStringLiteral("ok") : QStringLiteral("ok  %1").arg(text);
     case Reply::refused:
         return QStringLiteral("ERROR  %1").arg(text);
-    case Reply::no_answer:
+    case Reply::not_sent:
+        return QStringLiteral("NOT SENT  %1").arg(text);
+    case Reply::unknown:
         break;
     }
-    return QStringLiteral("NO ANSWER  %1").arg(text);
+    return QStringLiteral("UNKNOWN OUTCOME  %1").arg(text);
 }
 
 } // namespace
@@ -73,6 +78,10 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     m_data_label = create_status_label();
     m_mode_label = create_status_label();
     m_mode_label->hide();
+    m_restart_button = new QPushButton(tr("&Start the simulator again"), this);
+    m_restart_button->hide();
+    statusBar()->addPermanentWidget(m_restart_button);
+    connect(m_restart_button, &QPushButton::clicked, this, &MainWindow::restart_wanted);
 }
 
 void MainWindow::add_element(const _GuiElement& element)
@@ -97,29 +106,76 @@ void MainWindow::add_message(const QString& category, const QString& source, int
 {
     QTextCharFormat format;
     if (level >= fault_level)
-        format.setForeground(QColor(160, 0, 0));
+        format.setForeground(colors_for(palette()).fault);
     m_messages->setCurrentCharFormat(format);
     m_messages->appendPlainText(QStringLiteral("%1  %2 (%3)  %4")
                                     .arg(QTime::currentTime().toString(QLatin1String(time_format)),
                                          source, category, text));
+    if (QApplication::activeModalWidget())
+        m_notices.add(source, text, level >= fault_level);
 }
 
 void MainWindow::add_exchange(const Exchange& exchange)
 {
     QTextCharFormat format;
     if (!exchange.reply.ok())
-        format.setForeground(QColor(160, 0, 0));
+        format.setForeground(colors_for(palette()).fault);
     m_traffic->setCurrentCharFormat(format);
     m_traffic->appendPlainText(QStringLiteral("%1  %2  ->  %3  (%4 ms)")
                                    .arg(exchange.time.toString(QLatin1String(time_format)),
                                         QString::fromLatin1(exchange.request),
                                         reply_text(exchange.reply))
                                    .arg(exchange.milliseconds));
+    if (!exchange.reply.ok() && QApplication::activeModalWidget())
+        m_notices.add(tr("Controller"),
+                      QStringLiteral("%1\n%2").arg(QString::fromLatin1(exchange.request),
+                                                   reply_text(exchange.reply)),
+                      true);
 }
 
-void MainWindow::set_controller_text(const QString& text) { m_controller_label->setText(text); }
+void MainWindow::set_controller_text(const StatusText& status)
+{
+    m_controller_label->setText(status.text);
+    color_status(m_controller_label, status.is_fault);
+}
 
-void MainWindow::set_data_text(const QString& text) { m_data_label->setText(text); }
+void MainWindow::set_data_text(const StatusText& status)
+{
+    m_data_label->setText(status.text);
+    color_status(m_data_label, status.is_fault);
+}
+
+void MainWindow::offer_restart(bool offered)
+{
+    if (m_restart_button->isVisibleTo(this) == offered)
+        return;
+    m_restart_button->setVisible(offered);
+    const QString source = tr("Controller"), text = tr("The tracking simulator has ended.");
+    m_notices.withdraw(source, text);
+    if (offered && QApplication::activeModalWidget())
+        m_notices.add(source, text, true)->offer(tr("Start the simulator again"), [this] {
+            emit restart_wanted();
+        });
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (QLabel* label : {m_controller_label, m_data_label})
+        if (label)
+            color_status(label, label->property(fault_property).toBool());
+}
+
+void MainWindow::color_status(QLabel* label, bool is_fault)
+{
+    label->setProperty(fault_property, is_fault);
+    QPalette own = palette();
+    if (is_fault)
+        own.setColor(QPalette::WindowText, colors_for(own).status);
+    label->setPalette(own);
+}
 
 void MainWindow::set_mode_text(const QString& text)
 {

@@ -5,6 +5,8 @@
 #include "contract/moduleinterface.h"
 
 #include "host/connection/controllerlink.h"
+#include "host/statustexts.h"
+#include "host/window/notices.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -13,6 +15,7 @@
 class QLabel;
 class QMenu;
 class QPlainTextEdit;
+class QPushButton;
 
 /// Menus and entries stand in the order of their ranks, whatever order the modules come in; equal
 /// ranks keep the order of arrival. The panes keep a bounded number of lines.
@@ -29,14 +32,23 @@ public:
     /// Takes all entries of modules out again. The actions stay with their owners.
     void remove_elements();
 
+    /// While a modal dialog covers the panes, both are shown above it as well.
     /// `level` 1 and above is a fault and is shown so.
     void add_message(const QString& category, const QString& source, int level,
                      const QString& text);
     void add_exchange(const Exchange& exchange);
 
-    void set_controller_text(const QString& text);
-    void set_data_text(const QString& text);
+    void set_controller_text(const StatusText& status);
+    void set_data_text(const StatusText& status);
+    /// Whether there is a simulator to be started again; offered above a modal dialog, too.
+    void offer_restart(bool offered);
     void set_mode_text(const QString& text);
+
+signals:
+    void restart_wanted();
+
+protected:
+    void changeEvent(QEvent* event) override;
 
 private:
     struct ModuleMenu
@@ -52,12 +64,15 @@ private:
     ModuleMenu& menu_for(const _GuiElement& element);
     QAction* menu_after(int rank) const;
     void show_about();
+    void color_status(QLabel* label, bool is_fault);
 
     QPlainTextEdit* m_messages = nullptr;
     QPlainTextEdit* m_traffic = nullptr;
     QLabel* m_controller_label = nullptr;
     QLabel* m_data_label = nullptr;
     QLabel* m_mode_label = nullptr;
+    QPushButton* m_restart_button = nullptr;
+    Notices m_notices;
     QMenu* m_help_menu = nullptr;
     QList<ModuleMenu> m_module_menus; ///< by rank
 };

@@ -253,7 +253,8 @@ QByteArray state(Simulator& s, const QByteArray&)
               + " noise=" + fixed(s.deviation, length_decimals)
               + " shake=" + fixed(s.world.shake, length_decimals)
               + " delay=" + QByteArray::number(s.faults.delay()) + " stream="
-              + QByteArray::number(s.data_port()) + " frame=" + QByteArray::number(c.frame()));
+              + QByteArray::number(s.data_port()) + " source="
+              + QByteArray::number(s.source_port) + " frame=" + QByteArray::number(c.frame()));
 }
 
 /// Nothing, "every N", or the beginning of requests.

@@ -55,6 +55,7 @@ public:
     World world;
     Controller controller;
     Faults faults;
+    int source_port = 0; ///< UDP port that the data come from; 0 if not known
     double deviation = Noise::default_deviation; ///< of reported positions, mm per axis
 
 private:

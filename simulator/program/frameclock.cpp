@@ -19,6 +19,8 @@ constexpr qint64 max_frames_at_once = 6;
 FrameClock::FrameClock(Simulator& the_simulator, QObject* parent)
     : QObject(parent), simulator(the_simulator)
 {
+    if (socket.bind(QHostAddress(QHostAddress::LocalHost)))
+        simulator.source_port = socket.localPort();
     timer.setSingleShot(true);
     timer.setTimerType(Qt::PreciseTimer);
     connect(&timer, &QTimer::timeout, this, &FrameClock::step_due_frames);

@@ -16,6 +16,7 @@ namespace
 {
 
 constexpr int patience = 5000; // ms
+const QHostAddress here(QHostAddress::LocalHost);
 
 // Keeps what it gets, type and line joined by a bar.
 class KeepingRequester : public Requester
@@ -48,8 +49,7 @@ private:
 void send(const QByteArray& datagram, quint16 port)
 {
     QUdpSocket socket;
-    QCOMPARE(socket.writeDatagram(datagram, QHostAddress(QHostAddress::LocalHost), port),
-             qint64(datagram.size()));
+    QCOMPARE(socket.writeDatagram(datagram, here, port), qint64(datagram.size()));
 }
 
 void replay(DataReceiver& receiver, const QString& file)
@@ -107,6 +107,7 @@ private slots:
         subscriptions.subscribe("6dmt2", &one);
         DataReceiver receiver(subscriptions);
         const quint16 port = receiver.listen();
+        receiver.accept_only(here, 0);
         QVERIFY(port != 0);
         send("fr 1\nts 1.0\n6dmt 0\n6dmt2 0\n", port);
         send("ts\n6dmt2\tx\nts 2.0\n", port);
@@ -187,6 +188,7 @@ private slots:
             QVERIFY(recorder->open());
             receiver.record(std::move(recorder));
             const quint16 port = receiver.listen();
+            receiver.accept_only(here, 0);
             send("ts 1\nfr 1\n", port);
             QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().lines, quint64(2), patience);
             QTest::qWait(100);
@@ -208,17 +210,32 @@ private slots:
         QVERIFY(next_report(receiver).contains("end"));
     }
 
-    void faults_of_a_replay_are_reported()
+    // Both belong to this machine, so that the address alone does not tell them apart.
+    void only_the_controller_is_believed()
     {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath("lines"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("tracking data recording 1\nnonsense\n");
-        file.close();
         Subscriptions subscriptions;
+        KeepingRequester requester;
+        subscriptions.add(&requester);
+        subscriptions.subscribe("6dmt2", &requester);
         DataReceiver receiver(subscriptions);
-        replay(receiver, file.fileName());
-        QVERIFY(next_report(receiver).contains("line 2"));
+        const quint16 port = receiver.listen();
+        QUdpSocket controller;
+        QVERIFY(controller.bind(here));
+        const QByteArray line = "6dmt2 1 2 [0 1.000 4 1.50][1.0 2.0 3.0][1 0 0 0 1 0 0 0 1][1]"
+                                "[0.01 0 0 0.01 0 0.01]";
+        send(line + '\n', port); // nobody has said yet who the controller is
+        receiver.accept_only(here, controller.localPort());
+        send(line + '\n', port);
+        controller.writeDatagram(line + '\n', here, port);
+        QTRY_COMPARE_WITH_TIMEOUT(requester.lines().size(), 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.counters().refused, quint64(2), patience);
+        QVERIFY(next_report(receiver).contains("127.0.0.1:"));
+        // Then it falls silent: the tool is told to be unseen, once.
+        QTRY_COMPARE_WITH_TIMEOUT(requester.lines().size(), 2, patience);
+        QCOMPARE(requester.lines().last(),
+                 "6dmt2|" + QByteArray(line).replace("[0 1.000 4", "[0 -1.000 4"));
+        QTest::qWait(1200);
+        QCOMPARE(requester.lines().size(), 2);
     }
 };
 

@@ -69,9 +69,9 @@ private slots:
         session.shut_down();
         QCOMPARE(said(session.main_window()).size(), 6);
         const QList<QByteArray> requests = controller.requests();
-        QCOMPARE(requests.size(), 3);
-        QVERIFY(requests[1].startsWith("do data stream "));
-        QCOMPARE(requests[2], QByteArray("do data stream 0"));
+        QCOMPARE(requests.size(), 4);
+        QVERIFY(requests[2].startsWith("do data stream "));
+        QCOMPARE(requests[3], QByteArray("do data stream 0"));
     }
 
     void menus_stand_by_rank_and_observer_mode_is_passed_on()
