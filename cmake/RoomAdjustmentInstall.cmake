@@ -34,7 +34,7 @@ install(DIRECTORY docs examples DESTINATION ${document_folder} COMPONENT documen
 if(TARGET room-adjustment-points)
   install(TARGETS room-adjustment-points RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
   install(FILES tools/room-adjustment-points.1
-          DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool OPTIONAL)
+          DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
 endif()
 
 if(TARGET room-adjustment-host)
