@@ -15,11 +15,10 @@
 #include <QTableWidget>
 #include <QTimer>
 
-#include <time.h>
-
 #include <atomic>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <random>
 #include <string>
 #include <thread>
@@ -41,8 +40,7 @@ typedef std::chrono::steady_clock Clock;
 
 const char* const seeds[] = {
     "6dmt2 1 1 [0 1.0 4 0][%d 2 3][1 0 0 0 1 0 0 0 1][%d][0 0 0 0 0 0]",
-    "6dmt2 2 2 [0 1.0 4 0][%d 2 3][1 0 0 0 1 0 0 0 1][%d][0 0 0 0 0 0] "
-    "[1 -1.0 4 0][0 0 0][0 0 0 0 0 0 0 0 0][0][0 0 0 0 0 0]",
+    "6dmt2 2 2 [0 1.0 4 0][%d 2 3][1 0 0 0 1 0 0 0 1][%d][0 0 0 0 0 0] [1 -1.0 4 0][0 0 0][0 0]",
     "6dmt 1 [0 1.0 4][%d 2 3][1 0 0 0 1 0 0 0 1][%d]",
     "6df2 1 1 [0 1.0 6 2][%d 2 3][1 0 0 0 1 0 0 0 1][%d 0.25 -0.75]",
     "6df 1 [0 1.0 %d][10 20 30 1 2 3][1 0 0 0 1 0 0 0 1][%d]",

@@ -55,7 +55,7 @@ QuarterTurn turn_about(const CoordinateAxix& axis, int axis_code)
         return &CoordinateCalculator::rotate_90_around_out;
     if (axis.in == axis_code)
         return &CoordinateCalculator::rotate_90_around_in;
-    return 0;
+    return nullptr;
 }
 
 } // namespace
@@ -183,7 +183,7 @@ CoordinateAxix CoordinateCalculator::rotate_90_around_in(CoordinateAxix axis)
 CoordinateAxix CoordinateCalculator::around_axis_rotate(CoordinateAxix axis, int angle,
                                                         int axis_code)
 {
-    const QuarterTurn turn = is_positive_axis(axis_code) ? turn_about(axis, axis_code) : 0;
+    const QuarterTurn turn = is_positive_axis(axis_code) ? turn_about(axis, axis_code) : nullptr;
     if (!turn)
         return axis;
     if (angle < 0)

@@ -3,108 +3,63 @@
 #include "controller/roomadjustmentdata.h"
 #include "fine/cootrans.h"
 #include "matching/abcmatchingdialog.h"
-#include "module/roomadjustmentdlg.h"
-#include "tests/support/dialog_driver.h"
-#include "tests/support/fake_controller.h"
-#include "tests/support/fatal_logger.h"
-#include "tests/support/measuring_tool.h"
+#include "tests/matching/matchingfixture.h"
 #include "tests/support/pairinglists.h"
 #include "tools/program.h"
 #include "tools/wiresettings.h"
 
-#include <QtTest/QtTest>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QTableWidget>
-#include <QtWidgets/QTextEdit>
-
 #include <fstream>
 #include <sstream>
 
-namespace
-{
-
-/// Quarters of millimeters pass through table, data line and single precision unchanged.
-void round_lists(PairingLists& lists)
-{
-    for (double(*list)[3] : {lists.reference, lists.measured})
-        for (int i = 0; i < lists.n; ++i)
-            for (int c = 0; c < 3; ++c)
-                list[i][c] = std::round(4.0 * list[i][c]) / 4.0;
-}
-
-void write(const QString& name, const double (*points)[3], int count)
-{
-    std::ofstream file(name.toStdString());
-    for (int i = 0; i < count; ++i)
-        file << i + 1 << ' ' << points[i][0] << ' ' << points[i][1] << ' ' << points[i][2] << '\n';
-}
-
-QStringList sent_settings(const FakeController& controller)
-{
-    QStringList sent;
-    for (const std::string& entry : controller.sent())
-        if (entry.compare(0, 18, "set tracking extra") == 0)
-            sent << QString::fromStdString(entry.substr(4));
-    return sent.mid(sent.size() - 3);
-}
-
-} // namespace
-
-class TestPointsDialog : public QObject
+class TestPointsDialog : public QObject, private MatchingFixture
 {
     Q_OBJECT
 
 private slots:
     void initTestCase() { install_fatal_logger(); }
+    void cleanup() { stop(); }
 
     void report_and_settings_are_the_dialogs()
     {
         const struct
         {
             int reference, measured;
-            bool ordered;
-        } rows[] = {{3, 3, false}, {5, 5, false}, {4, 4, true}, {4, 3, false}, {2, 2, false}};
+            const char* option;
+        } rows[] = {{3, 3, ""}, {5, 5, ""}, {4, 4, "--ordered"}, {4, 3, ""}, {2, 2, ""}};
         for (const auto& row : rows) {
+            start();
             PairingLists lists(row.reference, unsigned(row.reference));
             lists.scatter(1000.0);
             lists.measure(0.5, 900.0);
-            round_lists(lists);
             const QTemporaryDir folder;
             const QString files[] = {folder.filePath("reference"), folder.filePath("measured")};
-            write(files[0], lists.reference, row.reference);
-            write(files[1], lists.measured, row.measured);
+            exec([&] {
+                dialog->setOrdered(*row.option);
+                write(files[0], lists.reference, row.reference,
+                      [this](const double* p) { add_reference(p[0], p[1], p[2]); });
+                write(files[1], lists.measured, row.measured,
+                      [this](const double* p) { tool->measure(p[0], p[1], p[2]); });
+            });
             std::ostringstream out;
-            const QStringList fit = {"fit", files[0], files[1]};
-            const int code =
-                run_program(row.ordered ? fit + QStringList("--ordered") : fit, out, out);
+            const QStringList fit = {"fit", files[0], files[1], row.option};
+            const int code = run_program(fit.mid(0, *row.option ? 4 : 3), out, out);
             const QString text = QString::fromStdString(out.str());
-            QStringList sent;
-            const QString report = match_in_dialog(lists, row.measured, row.ordered, &sent);
-            QVERIFY2(!report.isEmpty() && text.startsWith(report + '\n'),
-                     qPrintable(report + text));
-            QVERIFY2(text.contains(sent.join('\n')), qPrintable(sent.join('\n') + text));
-            QCOMPARE(sent.isEmpty(), code == 2);
+            QVERIFY2(text.startsWith(report() + '\n'), qPrintable(report() + text));
+            QCOMPARE(code == 2, !dialog->checkApplyTrafo());
+            const QString settings = settings_of_fine_tab(dialog->getTransformationMatrix());
+            QCOMPARE(text.contains(settings), dialog->checkApplyTrafo());
         }
     }
 
     void every_motion_gives_the_settings_of_the_fine_tab()
     {
-        FakeController controller;
-        BackendVersions versions = backend(1, 20);
-        RoomAdjustmentData data;
-        CooTrans tab(&controller, &versions, &data, nullptr, nullptr);
         PairingLists random(3, 1);
         for (int k = 0; k < 300; ++k) {
             const bsMatrix T = motion(random, k);
             bsMatrix T_measured_reference;
             T.fastInvert(T_measured_reference);
-            QVERIFY(QMetaObject::invokeMethod(&tab, "applyTrafo",
-                                              Q_ARG(bsMatrix, T_measured_reference)));
-            tab.update_widgets_from_data();
-            tab.updateGlobalData();
-            data.scaling = 1.0;
-            write_extra_transformation(&controller, data, {"", "", ""});
-            QCOMPARE(wire_texts(applied_adjustment(T)), sent_settings(controller));
+            QCOMPARE(wire_texts(applied_adjustment(T)).join('\n'),
+                     settings_of_fine_tab(T_measured_reference));
             if (k % 10 < 2)
                 continue; // the fine tab may lose the axis or the angle
             const bsMatrix miss = motion_in_force(applied_adjustment(T)) - T;
@@ -114,6 +69,34 @@ private slots:
     }
 
 private:
+    /// Quarters of millimeters pass through table, data line and single precision unchanged.
+    template <typename Enter>
+    static void write(const QString& name, double (*points)[3], int count, Enter enter)
+    {
+        std::ofstream file(name.toStdString());
+        for (int i = 0; i < count; ++i) {
+            file << i + 1;
+            for (double& coordinate : points[i])
+                file << ' ' << (coordinate = std::round(4.0 * coordinate) / 4.0);
+            file << '\n';
+            enter(points[i]);
+        }
+    }
+
+    QString settings_of_fine_tab(const bsMatrix& T_measured_reference)
+    {
+        QMetaObject::invokeMethod(&tab, "applyTrafo", Q_ARG(bsMatrix, T_measured_reference));
+        tab.update_widgets_from_data();
+        tab.updateGlobalData();
+        data.scaling = 1.0;
+        tab_controller.log.clear();
+        write_extra_transformation(&tab_controller, data, {"", "", ""});
+        QStringList sent;
+        for (const std::string& entry : tab_controller.sent())
+            sent << QString::fromStdString(entry.substr(4));
+        return sent.join('\n');
+    }
+
     /// One in ten is a half turn about an oblique axis, one has an angle at the end of its box.
     static bsMatrix motion(PairingLists& random, int k)
     {
@@ -127,48 +110,9 @@ private:
         return T;
     }
 
-    /// Opens both dialogs, types and touches the points, accepts and applies. Returns the report.
-    static QString match_in_dialog(const PairingLists& lists, int measured, bool ordered,
-                                   QStringList* sent)
-    {
-        FakeController controller;
-        BackendVersions versions = backend(1, 20);
-        RoomAdjustmentDlg2g dialog(&controller, nullptr, &versions, "v2.0.5");
-        QString report;
-        when_open<AbcMatchingDialog>([&](AbcMatchingDialog* matching) {
-            matching->setOrdered(ordered);
-            fill(matching, lists, measured);
-            report = matching->findChild<QTextEdit*>("w_trafoText")->toPlainText();
-            const bool accepted = matching->checkApplyTrafo();
-            matching->findChild<QPushButton*>(accepted ? "w_applyButton" : "w_closeButton")
-                ->click();
-        });
-        when_open<RoomAdjustmentDlg2g>([&](RoomAdjustmentDlg2g*) {
-            dialog.findChild<CooTrans*>()->on_w_bodyMatchingButton_clicked();
-            QPushButton* apply = dialog.findChild<QPushButton*>("btn_apply");
-            if (apply->isEnabled()) {
-                apply->click();
-                *sent = sent_settings(controller);
-            }
-            dialog.close();
-        });
-        dialog.update_and_exec();
-        close_all_dialogs();
-        return report;
-    }
-
-    static void fill(AbcMatchingDialog* matching, const PairingLists& lists, int measured)
-    {
-        QTableWidget* table = matching->findChild<QTableWidget*>("tableWidget_referencePoints");
-        for (int i = 0; i < lists.n; ++i) {
-            matching->findChild<QPushButton*>("pushButton_addRefPoint")->click();
-            for (int c = 0; c < 3; ++c)
-                table->item(i, c)->setText(QString::number(lists.reference[i][c], 'f', 2));
-        }
-        MeasuringTool tool(matching);
-        for (int i = 0; i < measured; ++i)
-            tool.measure(lists.measured[i][0], lists.measured[i][1], lists.measured[i][2]);
-    }
+    FakeController tab_controller;
+    RoomAdjustmentData data;
+    CooTrans tab{&tab_controller, &versions, &data, nullptr, nullptr};
 };
 
 QTEST_MAIN(TestPointsDialog)
