@@ -22,6 +22,8 @@ struct MatchingFixture
 
     void start(FakeController* own_controller = new FakeController)
     {
+        install_fatal_logger();
+        dialog.reset();
         controller.reset(own_controller);
         dialog.reset(new AbcMatchingDialog(own_controller, &versions, nullptr));
         tool.reset(new MeasuringTool(dialog.get()));
@@ -33,16 +35,16 @@ struct MatchingFixture
         dialog.reset();
     }
 
-    /// What the controller answers to a query; an empty reply is a failure.
+    /// What the controller answers to a query about tools; an empty reply is a failure.
     void answer(const QString& query, const QString& reply)
     {
-        controller->values.erase(query.toStdString());
+        controller->values.erase("measurementtool " + query.toStdString());
         if (!reply.isEmpty())
-            controller->values[query.toStdString()] = reply.toStdString();
+            controller->values["measurementtool " + query.toStdString()] = reply.toStdString();
     }
 
     /// Opens the dialog, runs the step in it, closes it if it is still there.
-    void exec(std::function<void()> step)
+    void exec(std::function<void()> step = [] {})
     {
         when_open<AbcMatchingDialog>([this, step](AbcMatchingDialog*) {
             step();
@@ -66,14 +68,20 @@ struct MatchingFixture
     QPushButton* button(const char* name) { return child<QPushButton>(name); }
     QString report() { return child<QTextEdit>("w_trafoText")->toPlainText(); }
 
-    void add_reference(double x, double y, double z)
+    void add_reference(bsVector point)
     {
         button("pushButton_addRefPoint")->click();
-        const double values[3] = {x, y, z};
         for (int column = 0; column < 3; ++column)
             references()
                 ->item(references()->rowCount() - 1, column)
-                ->setText(QString::number(values[column]));
+                ->setText(QString::number(point[column]));
+    }
+
+    /// Both as a reference and by the tool.
+    void add_point(const bsVector& point)
+    {
+        add_reference(point);
+        tool->measure(point.x, point.y, point.z);
     }
 
     /// Opens the editor of a cell and replaces its text.

@@ -8,107 +8,92 @@ typedef std::vector<std::string> Log;
 namespace
 {
 
-const char* const short_failure = "Measurement failed :\nTip moved too much during measurement";
+const QString failed = "Measurement failed :\n";
+const QString short_failure = failed + "Tip moved too much during measurement";
 
-}
+} // namespace
 
 class TestTipMeasurement : public QObject, private MatchingFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { install_fatal_logger(); }
-
     void init()
     {
         start();
-        // An opening selects tool 1; the data path then works with the dialog closed, too.
-        exec([] {});
+        exec(); // selects tool 1; the data path then works with the dialog closed, too
         controller->log.clear();
     }
 
-    void judgement_data()
+    void a_measurement_is_judged()
     {
-        QTest::addColumn<int>("frames");
-        QTest::addColumn<double>("shake");
-        QTest::addColumn<int>("points");
-        QTest::addColumn<QString>("text");
         const QString few = "Cannot evaluate the transformation : not enough points.";
         // Duration 1 s and tolerance 1.5 mm, as long as nobody has started by the button.
         // The time line of the frame that ends it still counts, with the tool's last record.
-        QTest::newRow("full length, still") << 4 << 0.0 << 1 << few;
-        QTest::newRow("a frame too short") << 3 << 0.0 << 0 << short_failure;
-        QTest::newRow("moved") << 6 << 2.0 << 0
-                               << QString(short_failure)
-                                      + ":\n\to Variance = 4.00\n\to Standard deviation = 2.00";
-        QTest::newRow("moved by just the tolerance") << 6 << 1.5 << 1 << few;
-    }
-
-    void judgement()
-    {
-        QFETCH(int, frames);
-        QFETCH(double, shake);
-        tool->buttons = 1;
-        for (int i = 0; i < frames; ++i) {
-            tool->x = 10.0 + (i % 2 ? shake : -shake);
-            feed_once();
+        const struct
+        {
+            int frames;
+            double shake;
+            unsigned points;
+            QString text;
+        } rows[] = {
+            {0, 0, 0, ""},
+            {3, 0, 0, short_failure},
+            {4, 0, 1, few},
+            {6, 2, 0, short_failure + ":\n\to Variance = 4.00\n\to Standard deviation = 2.00"},
+            {6, 1.5, 1, few}}; // just the tolerance
+        for (const auto& row : rows) {
+            init();
+            for (int i = 0; i < row.frames; ++i)
+                feed(1, 10.0 + (i % 2 ? row.shake : -row.shake));
+            feed(0, tool->x);
+            QCOMPARE(dialog->getMPCount(), row.points);
+            QCOMPARE(report(), row.text);
+            QVERIFY(!row.points || std::abs(dialog->getMP(0).x - 10.0) < 1e-12);
         }
-        tool->buttons = 0;
-        feed_once();
-        QTEST(int(dialog->getMPCount()), "points");
-        QTEST(report(), "text");
-        if (dialog->getMPCount())
-            QVERIFY(std::abs(dialog->getMP(0).x - 10.0) < 1e-12);
     }
 
-    void one_sample_goes_unreported()
+    void what_is_no_measurement_goes_unreported()
     {
-        tool->buttons = 1;
-        dialog->set_ascii_data("6dmt2", tool->line().constData());
-        tool->buttons = 0;
-        dialog->set_ascii_data("6dmt2", tool->line().constData());
-        QCOMPARE(report(), QString());
-        QCOMPARE(dialog->getMPCount(), 0u);
-    }
-
-    void a_duration_of_zero_does_not_make_points_of_nothing()
-    {
-        controller->values["measurementtool measurement_duration b01"] = "0";
+        for (int buttons : {1, 0}) { // a single sample
+            tool->buttons = buttons;
+            dialog->set_ascii_data("6dmt2", tool->line().constData());
+        }
+        answer("measurement_duration b01", "0");
         dialog->on_w_measureButton_clicked();
-        feed_once();
-        feed_once();
-        QCOMPARE(dialog->getMPCount(), 0u);
+        feed(0);
+        feed(0);
+        answer("tip_calibrated b01", "0");
+        exec();
+        tool->measure(1, 2, 3, 6); // the tool that is not selected
+        QVERIFY(report().isEmpty() && dialog->getMPCount() == 0);
     }
 
     void a_lost_tool_ends_the_measurement()
     {
-        tool->buttons = 1;
-        feed_once();
-        feed_once();
-        tool->quality = 0.999;
-        feed_once();
-        QCOMPARE(report(), QString(short_failure));
-        tool->quality = -1.0;
-        feed_once();
-        QCOMPARE(report(), QString(short_failure));
+        feed(1);
+        feed(1);
+        for (double quality : {0.999, -1.0}) {
+            tool->quality = quality;
+            feed(1);
+            QCOMPARE(report(), short_failure);
+        }
     }
 
     void a_held_start_button_pauses_and_asks_with_every_line()
     {
         QSignalSpy started(dialog.get(), SIGNAL(startTipMea()));
-        tool->buttons = 1;
-        feed_once();
-        feed_once();
-        tool->buttons = 1 | 4;
-        feed_once();
-        feed_once();
+        for (int buttons : {1, 1, 1 | 4, 1 | 4})
+            feed(buttons);
         QCOMPARE(started.count(), 3); // two tool lines and the time line between them
         QCOMPARE(report(), QString());
-        tool->buttons = 1;
-        feed_once();
-        tool->buttons = 0;
-        feed_once();
+        feed(1);
+        feed(0);
         QCOMPARE(dialog->getMPCount(), 1u);
+        started.clear();
+        const char* const stick = "6df2 1 1 [0 1.0 2 0][0 0 0][1 0 0 0 1 0 0 0 1][2]";
+        QCOMPARE(dialog->set_ascii_data("6df2", stick), 0);
+        QVERIFY(started.count() == 1 && dialog->isWandButtonPressed());
     }
 
     void a_held_button_leaves_one_start_waiting()
@@ -131,152 +116,101 @@ private slots:
         const QByteArray measuring = (tool->buttons = 1, tool->line());
         for (int i = 0; i < 100002; ++i)
             dialog->set_ascii_data("6dmt2", measuring.constData());
-        QCOMPARE(report(), QString("Measurement failed :\nThe tool went on measuring for more than "
-                                   "100000 samples."));
-        feed_once();
-        tool->buttons = 0;
-        feed_once();
+        QCOMPARE(report(), failed + "The tool went on measuring for more than 100000 samples.");
+        feed(1);
+        feed(0);
         QCOMPARE(dialog->getMPCount(), 0u);
         for (int i = 0; i < 1001; ++i)
             tool->measure(1, 2, 3);
-        QCOMPARE(report(),
-                 QString("Measurement failed :\nThe table holds no more than 1000 points."));
+        QCOMPARE(report(), failed + "The table holds no more than 1000 points.");
         QCOMPARE(dialog->getMPCount(), 1000u);
         QVERIFY(measurements()->viewport()->rect().intersects(
             measurements()->visualItemRect(measurements()->item(999, 0))));
         QVERIFY(measurements()->selectedItems().isEmpty());
     }
 
-    void a_stick_button_starts_too()
+    void a_start_asks_and_says()
     {
-        QSignalSpy started(dialog.get(), SIGNAL(startTipMea()));
-        feed_once();
-        const char* const pressed = "6df2 1 1 [0 1.0 2 0][0 0 0][1 0 0 0 1 0 0 0 1][2]";
-        QCOMPARE(dialog->set_ascii_data("6df2", pressed), 0);
-        QCOMPARE(started.count(), 1);
-        QVERIFY(dialog->isWandButtonPressed());
-    }
-
-    void what_a_start_says_data()
-    {
-        QTest::addColumn<QString>("duration"); // replies; none is a failure
-        QTest::addColumn<QString>("tolerance");
-        QTest::addColumn<bool>("starts");
-        QTest::addColumn<int>("maximum");
-        QTest::addColumn<double>("tolerated");
-        QTest::addColumn<QString>("message");
         const QString no_tolerance = "Error : Unable to get tip tolerance of measurement tool";
-        QTest::newRow("all well") << "0.5"
-                                  << "2.5" << true << 50 << 2.5 << "";
-        QTest::newRow("no duration is silent") << ""
-                                               << "2.5" << true << 100 << 2.5 << "";
-        QTest::newRow("nor is an endless one") << "inf"
-                                               << "2.5" << true << 100 << 2.5 << "";
-        QTest::newRow("no tolerance") << "0.5"
-                                      << "" << true << 50 << 1.5 << no_tolerance;
-        QTest::newRow("one that is no number") << "0.5"
-                                               << "nan" << true << 50 << 1.5 << no_tolerance;
-        QTest::newRow("not started") << "0.5"
-                                     << "2.5" << false << 50 << 2.5
-                                     << "Error : Unable to start measurement tool measurement";
-    }
-
-    void what_a_start_says()
-    {
-        QFETCH(QString, duration);
-        QFETCH(QString, tolerance);
-        QFETCH(bool, starts);
-        QFETCH(double, tolerated);
-        QFETCH(QString, message);
-        answer("measurementtool measurement_duration b01", duration);
-        answer("measurementtool measurement_tip_tolerance b01", tolerance);
-        if (!starts)
-            controller->failing.push_back("do ");
-        dialog->on_w_measureButton_clicked();
-        Log said;
-        for (const std::string& entry : controller->log)
-            if (entry.find("message") != 0)
-                said.push_back(entry.substr(0, entry.find(" -> ")));
-        QCOMPARE(said, (Log{"get measurementtool measurement_duration b01",
-                            "get measurementtool measurement_tip_tolerance b01",
-                            "do zetrak2 measurementtool start_measurement b01"}));
-        QTEST(dialog->findChild<QProgressBar*>("progressBar")->maximum(), "maximum");
-        QCOMPARE(controller->messages(), message.isEmpty() ? Log{} : Log{message.toStdString()});
-
-        shaken_measurement(tolerated);
-        QCOMPARE(dialog->getMPCount(), 1u);
-        shaken_measurement(tolerated + 0.01);
-        QCOMPARE(dialog->getMPCount(), 1u);
+        const QString not_started = "Error : Unable to start measurement tool measurement";
+        const struct
+        {
+            const char *duration, *tolerance; // replies; none is a failure
+            const char* failing;
+            int maximum;
+            double tolerated;
+            QString message;
+        } rows[] = {
+            {"0.5", "2.5", "-", 50, 2.5, ""},           {"", "2.5", "-", 100, 2.5, ""},
+            {"inf", "2.5", "-", 100, 2.5, ""},          {"0.5", "", "-", 50, 1.5, no_tolerance},
+            {"0.5", "nan", "-", 50, 1.5, no_tolerance}, {"0.5", "2.5", "do", 50, 2.5, not_started}};
+        for (const auto& row : rows) {
+            init();
+            answer("measurement_duration b01", row.duration);
+            answer("measurement_tip_tolerance b01", row.tolerance);
+            controller->failing.push_back(row.failing);
+            dialog->on_w_measureButton_clicked();
+            Log said;
+            for (const std::string& entry : controller->log)
+                if (entry.find("message") != 0)
+                    said.push_back(entry.substr(0, entry.find(" -> ")));
+            QCOMPARE(said, (Log{"get measurementtool measurement_duration b01",
+                                "get measurementtool measurement_tip_tolerance b01",
+                                "do zetrak2 measurementtool start_measurement b01"}));
+            QCOMPARE(child<QProgressBar>("progressBar")->maximum(), row.maximum);
+            QCOMPARE(controller->messages(),
+                     row.message.isEmpty() ? Log{} : Log{row.message.toStdString()});
+            for (double beyond : {0.0, 0.01}) {
+                feed(0);
+                for (int i = 0; i < 8; ++i)
+                    feed(1, (row.tolerated + beyond) * (i % 2 ? 1 : -1));
+                tool->buttons = 0;
+                dialog->set_ascii_data("6dmt2", tool->line().constData());
+                QCOMPARE(dialog->getMPCount(), 1u);
+            }
+        }
     }
 
     void progress_runs_in_hundredths()
     {
         QSignalSpy progress(dialog.get(), SIGNAL(do_updateProgressbar(double)));
-        tool->buttons = 1;
-        feed_once();
+        feed(1);
         QCOMPARE(progress.count(), 0);
-        feed_once();
+        feed(1);
         QCOMPARE(progress.last()[0].toDouble(), 0.25);
-        QCOMPARE(dialog->findChild<QProgressBar*>("progressBar")->value(), 25);
-        tool->buttons = 0;
-        feed_once();
+        QCOMPARE(child<QProgressBar>("progressBar")->value(), 25);
+        feed(0);
         QCOMPARE(progress.last()[0].toDouble(), 0.0);
     }
 
-    void which_lines_are_looked_at_data()
+    void lines_are_looked_at_or_rejected_whole()
     {
-        QTest::addColumn<QString>("line_type");
-        QTest::addColumn<bool>("analysed");
-        QTest::newRow("6dmt2") << "6dmt2" << true;
-        QTest::newRow("6dmt") << "6dmt" << true;
-        QTest::newRow("6dmt with a blank is parsed only") << "6dmt " << false;
-        QTest::newRow("whatever stands behind it") << "6dmt x" << false;
-    }
-
-    void which_lines_are_looked_at()
-    {
-        QFETCH(QString, line_type);
-        QSignalSpy progress(dialog.get(), SIGNAL(do_updateProgressbar(double)));
-        QCOMPARE(dialog->set_ascii_data(qPrintable(line_type), tool->line().constData()), 0);
-        QTEST(!progress.isEmpty(), "analysed");
-    }
-
-    void hostile_lines_are_rejected_whole()
-    {
+        for (const QByteArray line_type : {"6dmt2", "6dmt", "6dmt ", "6dmt x"}) {
+            QSignalSpy progress(dialog.get(), SIGNAL(do_updateProgressbar(double)));
+            QCOMPARE(dialog->set_ascii_data(line_type, tool->line().constData()), 0);
+            QCOMPARE(progress.isEmpty(), line_type.startsWith("6dmt ")); // those are parsed only
+        }
         QByteArray longest = tool->line();
         longest += QByteArray(10239 - longest.size(), ' ');
-        QCOMPARE(dialog->set_ascii_data("6dmt2", longest.constData()), 0);
-        QCOMPARE(dialog->set_ascii_data("6dmt2", (longest + ' ').constData()), -2);
-        QCOMPARE(dialog->set_ascii_data("6dmt2", QByteArray(1 << 20, '[').constData()), -2);
-        QCOMPARE(dialog->set_ascii_data("6dmt2", "6dmt2 1 2000000000 "), -2);
-        QCOMPARE(dialog->set_ascii_data("6dmt2", "6dmt2 1 -1 "), -2);
-        QCOMPARE(dialog->set_ascii_data("x", ""), 0);
-    }
-
-    void another_tool_is_not_taken()
-    {
-        controller->values["measurementtool tip_calibrated b01"] = "0";
-        exec([] {});
-        tool->measure(1, 2, 3, 6);
-        QCOMPARE(dialog->getMPCount(), 0u);
+        const std::pair<QByteArray, int> rows[] = {{longest, 0},
+                                                   {longest + ' ', -2},
+                                                   {QByteArray(1 << 20, '['), -2},
+                                                   {"6dmt2 1 2000000000 ", -2},
+                                                   {"6dmt2 1 -1 ", -2},
+                                                   {"", 0}};
+        for (const auto& [line, result] : rows)
+            QCOMPARE(dialog->set_ascii_data("6dmt2", line.constData()), result);
+        QCOMPARE(dialog->set_ascii_data("6dmt2", nullptr), -2);
+        QCOMPARE(dialog->set_ascii_data(nullptr, ""), -2);
     }
 
 private:
-    void feed_once() { QCOMPARE(tool->frame(), 0); }
-
-    void shaken_measurement(double shake)
+    /// One frame with these buttons.
+    void feed(int buttons, double x = 0.0)
     {
-        tool->buttons = 0;
-        feed_once();
-        for (int i = 0; i < 8; ++i) {
-            tool->buttons = 1;
-            tool->x = i % 2 ? shake : -shake;
-            dialog->set_ascii_data("6dmt2", tool->line().constData());
-            tool->time += 0.25;
-            dialog->set_ascii_data("ts", qPrintable(QString("ts %1").arg(tool->time)));
-        }
-        tool->buttons = 0;
-        dialog->set_ascii_data("6dmt2", tool->line().constData());
+        tool->buttons = buttons;
+        tool->x = x;
+        QCOMPARE(tool->frame(), 0);
     }
 };
 
