@@ -30,8 +30,6 @@ public:
     using AbcGLCanvas::resizeGL;
     using AbcGLCanvas::room;
     using AbcGLCanvas::saved_view;
-    using AbcGLCanvas::tip_enabled;
-    using AbcGLCanvas::tip_list;
     using AbcGLCanvas::view;
     using AbcGLCanvas::view_mode;
 
@@ -304,21 +302,6 @@ private slots:
         QVERIFY(with_axes.red > bare.red + 50 && with_axes.blue > bare.blue + 50);
         canvas.unloadRoom();
         QCOMPARE(PixelCounts(canvas).lit, 0);
-    }
-
-    void the_tip_is_drawn_from_a_list()
-    {
-        OpenCanvas canvas;
-        canvas.makeCurrent();
-        canvas.setTipSeen(true);
-        canvas.drawTip();
-        QCOMPARE(canvas.tip_list, 0u);
-        canvas.tip_enabled = true;
-        for (int i = 0; i < 2; ++i) {
-            canvas.drawTip();
-            QCOMPARE(canvas.tip_list, 1u);
-        }
-        QVERIFY(glIsList(1));
     }
 };
 

@@ -183,17 +183,6 @@ private slots:
         QCOMPARE(reasons.size(), 3);
     }
 
-    void labels_have_the_colors_of_the_axes()
-    {
-        const char* const names[] = {"posX", "rx", "posY", "ry", "posZ", "rz"};
-        const QColor colors[] = {{200, 0, 0}, {0, 200, 0}, {0, 0, 200}};
-        for (int i = 0; i < 6; ++i)
-            QCOMPARE(tab->findChild<QLabel*>(QString("label_%1").arg(names[i]))
-                         ->palette()
-                         .color(QPalette::WindowText),
-                     colors[i / 2]);
-    }
-
     void context_menu_starts_with_the_xy_plane()
     {
         QStringList texts;

@@ -127,12 +127,11 @@ private slots:
 
     void an_early_end_starts_nothing_and_brings_the_old_values_back_data()
     {
-        QTest::addColumn<bool>("question");
-        QTest::addColumn<bool>("deleted");
-        QTest::newRow("everything closed at the question") << true << false;
-        QTest::newRow("dialog deleted at the question") << true << true;
-        QTest::newRow("dialog closed behind matching") << false << false;
-        QTest::newRow("dialog deleted behind matching") << false << true;
+        QTest::addColumn<bool>("question"); // otherwise matching
+        QTest::addColumn<bool>("deleted");  // otherwise closed
+        for (bool question : {true, false})
+            for (bool deleted : {true, false})
+                QTest::addRow("%d %d", question, deleted) << question << deleted;
     }
 
     void an_early_end_starts_nothing_and_brings_the_old_values_back()

@@ -35,12 +35,9 @@ QByteArray keyed(int axis, const QByteArray& value)
 }
 
 // Gives its text, then fails as a broken disk does.
-class BrokenBuffer : public std::stringbuf
+struct BrokenBuffer : std::stringbuf
 {
-public:
     explicit BrokenBuffer(const std::string& text) : std::stringbuf(text, std::ios::in) {}
-
-protected:
     int_type underflow() override { throw std::ios_base::failure("read error"); }
 };
 

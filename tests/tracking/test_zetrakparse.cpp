@@ -80,19 +80,6 @@ private slots:
         }
     }
 
-    void reads_the_fuzz_corpus_as_the_library_does()
-    {
-        const QFileInfoList files = QDir(RA_CORPUS "/parse_line").entryInfoList(QDir::Files);
-        QVERIFY(!files.isEmpty());
-        for (const QFileInfo& info : files) {
-            QFile file(info.filePath());
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QByteArray text = file.readAll();
-            for (char& c : text)
-                QVERIFY2(reads_as_the_library_does(&c), &c);
-        }
-    }
-
     void reads_points_under_a_comma_locale()
     {
         const CommaLocale comma;
