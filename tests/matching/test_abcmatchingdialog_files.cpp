@@ -1,6 +1,7 @@
 // Loading and saving by the dialog: file boxes, questions and messages.
 #include "tests/matching/matchingfixture.h"
 
+#include <ctime>
 #include <sys/stat.h>
 
 class TestAbcMatchingDialogFiles : public QObject, private MatchingFixture
@@ -65,10 +66,10 @@ private slots:
     {
         write("full.txt", QByteArray("1 1.25 2 3\n").repeated(100000));
         exec([this] {
-            QElapsedTimer timer;
-            timer.start();
+            const std::clock_t before =
+                std::clock(); // of this process, however busy the machine is
             load("full.txt");
-            QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+            QVERIFY((std::clock() - before) / CLOCKS_PER_SEC < 2);
             QCOMPARE(references()->item(99999, 0)->text(), QString("1.25"));
             QCOMPARE(references()->rowHeight(99999), 22);
             BoxAnswer answer(QMessageBox::Ok);
