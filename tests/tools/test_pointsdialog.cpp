@@ -36,7 +36,7 @@ private slots:
             exec([&] {
                 dialog->setOrdered(*row.option);
                 write(files[0], lists.reference, row.reference,
-                      [this](const double* p) { add_reference(p[0], p[1], p[2]); });
+                      [this](const double* p) { add_reference(p); });
                 write(files[1], lists.measured, row.measured,
                       [this](const double* p) { tool->measure(p[0], p[1], p[2]); });
             });
