@@ -1,5 +1,7 @@
 #include "pairing/ordercontest.h"
 
+#include "pairing/searchbudget.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -17,8 +19,9 @@ double upper_edge(float value)
 
 } // namespace
 
-OrderContest::OrderContest(const double (*reference)[3], const double (*measured)[3], int n_)
-    : n(n_), m_measured(measured), m_succeeded(false), m_best(0.0f),
+OrderContest::OrderContest(const double (*reference)[3], const double (*measured)[3], int n_,
+                           SearchBudget* budget)
+    : n(n_), m_budget(budget), m_measured(measured), m_succeeded(false), m_best(0.0f),
       m_ceiling(std::numeric_limits<double>::infinity()), m_has_below(false), m_has_twins(false)
 {
     std::memcpy(m_target, reference, n * sizeof m_target[0]);
@@ -54,6 +57,7 @@ void OrderContest::record(const int* order, double residual)
         m_succeeded = true;
         m_best = rounded;
         m_ceiling = upper_edge(rounded);
+        m_budget->set_best_residual(residual);
         m_has_below = false;
         std::memcpy(m_first, order, n * sizeof order[0]);
     } else if (std::lexicographical_compare(order, order + n, m_first, m_first + n)) {
@@ -83,8 +87,12 @@ bool OrderContest::fit(const int* order, double* residual)
     for (int i = 0; i < n; ++i)
         std::memcpy(source[i], m_measured[order[i]], sizeof source[i]);
     double T_target_source[4][4];
-    return trafo3d_3trafo(T_target_source, m_target, source) == 0
-           && trafo3d_opttrafo(T_target_source, nullptr, m_target, source, n, residual) == 0;
+    const bool succeeded =
+        trafo3d_3trafo(T_target_source, m_target, source) == 0
+        && trafo3d_opttrafo(T_target_source, nullptr, m_target, source, n, residual) == 0;
+    m_budget->count_fit();
+    m_budget->spend(fit_work(n, succeeded));
+    return succeeded;
 }
 
 /// The lexicographically first or last of the orders that differ only in equal points.

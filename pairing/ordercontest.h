@@ -4,6 +4,8 @@
 
 #include "registration/trafo3d.h"
 
+class SearchBudget;
+
 /// The winner is defined by a walk through all orders in lexicographic sequence: an order whose fit
 /// succeeds replaces the best one so far if its residual r is below the best residual, which is
 /// kept in single precision.
@@ -22,15 +24,18 @@
 class OrderContest
 {
 public:
-    /// The lists must outlive the contest. n is 3 to trafo3d_max_points.
-    OrderContest(const double (*reference)[3], const double (*measured)[3], int n);
+    /// The lists and the budget must outlive the contest. n is 3 to trafo3d_max_points.
+    OrderContest(const double (*reference)[3], const double (*measured)[3], int n,
+                 SearchBudget* budget);
 
     /// Fits an order, together with all orders that differ from it only in points with exactly the
-    /// same coordinates, whose fits are the same.
+    /// same coordinates, whose fits are the same. Counts the work.
     void enter(const int* order);
 
     /// Whether entering this order is known to change nothing.
     bool is_known(const int* order) const;
+
+    bool has_success() const { return m_succeeded; }
 
     /// Residuals above this can no longer matter; infinite while no order has succeeded.
     double ceiling() const { return m_ceiling; }
@@ -55,6 +60,7 @@ private:
     };
 
     int n;
+    SearchBudget* m_budget;
     double m_target[trafo3d_max_points][3];
     const double (*m_measured)[3];
     Order m_twin;

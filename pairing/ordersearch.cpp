@@ -4,20 +4,24 @@
 // are passed over for which a bound proves that they cannot change the outcome:
 //  - those whose first triple is degenerate, as their fit fails;
 //  - those whose residual with the best of all rotations lies above the ceiling of the contest
-//    (rotationsearch.h): the fit starts from a rotation and multiplies it by rotations;
+//    (orderwalk.h, rotationsearch.h): the fit starts from a rotation and multiplies it by
+//    rotations;
 //  - where the start is no rotation but for rounding, those whose residual with the best linear map
 //    lies above it (prefixsearch.h).
 // If no order succeeds, or if the lists are so bad that the best one succeeds with a residual that
-// many orders can reach, the time is that of fitting all of these.
+// many orders can reach, all of these have to be fitted. Up to ten points that is done; with more
+// the search ends without a result when its budget is over.
 #include "pairing/ordersearch.h"
 
 #include "pairing/centeredpoints.h"
 #include "pairing/ordercontest.h"
+#include "pairing/orderwalk.h"
 #include "pairing/prefixsearch.h"
 #include "pairing/rotationsearch.h"
+#include "pairing/searchbudget.h"
+#include "pairing/tripleshapes.h"
 #include "registration/trafo3d.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -26,34 +30,9 @@ namespace
 {
 
 const int triple_size = 3;
+const int always_exact_count = 10; // points
+const int walk_only_count = 5; // points; trying their orders is quicker than looking for good ones
 const double infinity = std::numeric_limits<double>::infinity();
-
-/// What the start of a fit makes of three points.
-enum TripleShape
-{
-    degenerate, ///< no start, every order with it fails
-    doubtful,   ///< nearly collinear: the start may be far from a rotation
-    sound       ///< the start is a rotation within 1e-10
-};
-
-double square_sum(const double* v) { return v[0] * v[0] + v[1] * v[1] + v[2] * v[2]; }
-
-/// Whether rounding leaves the axes of the triple orthonormal within 1e-10.
-bool is_well_shaped(const double* p0, const double* p1, const double* p2)
-{
-    const double least_square_sine = 1e-10;
-    const double smallest = 1e-250; // far from where squares lose digits
-    double u[3], v[3], w[3];
-    for (int c = 0; c < 3; ++c) {
-        u[c] = p1[c] - p0[c];
-        v[c] = p2[c] - p0[c];
-    }
-    for (int c = 0; c < 3; ++c)
-        w[c] = u[(c + 1) % 3] * v[(c + 2) % 3] - u[(c + 2) % 3] * v[(c + 1) % 3];
-    const double uu = square_sum(u), vv = square_sum(v), ww = square_sum(w);
-    return uu > smallest && vv > smallest && ww > smallest && uu < 1.0 / smallest
-           && vv < 1.0 / smallest && ww < 1.0 / smallest && ww > least_square_sine * uu * vv;
-}
 
 bool are_finite(const double (*points)[3], int n)
 {
@@ -64,29 +43,8 @@ bool are_finite(const double (*points)[3], int n)
     return true;
 }
 
-/// The search for one pair of lists.
-class OrderSearch
-{
-public:
-    OrderSearch(const double (*reference)[3], const double (*measured)[3], int n);
-    bool run(int* order);
-
-private:
-    TripleShape shape(const int* triple);
-    bool has_sound_triples();
-    bool has_success() const { return m_contest.ceiling() < infinity; }
-    void enter_orders_from(TripleShape least_shape, TripleShape most_shape, bool until_success);
-    template <typename Action>
-    void for_each_triple(Action action);
-
-    const double (*m_measured)[3];
-    const int n;
-    double m_first_reference[triple_size][3];
-    bool m_reference_is_well_shaped;
-    CenteredPoints m_points;
-    OrderContest m_contest;
-    const double m_tolerance;
-};
+/// About a fifth of what fitting all orders of ten points takes where the fits succeed.
+double most_work(int n) { return n <= always_exact_count ? infinity : 5e9; }
 
 /// How far a fit with a sound start can fall below the residual of the best rotation: by how much
 /// its matrix can stretch the points, and by the rounding of points of size one.
@@ -95,73 +53,77 @@ double rigid_tolerance(const CenteredPoints& points)
     return 1e-9 * std::sqrt(points.measured_sum / points.n) + 1e-13;
 }
 
-OrderSearch::OrderSearch(const double (*reference)[3], const double (*measured)[3], int n_)
-    : m_measured(measured), n(n_),
-      m_reference_is_well_shaped(is_well_shaped(reference[0], reference[1], reference[2])),
-      m_points(reference, measured, n_), m_contest(reference, measured, n_),
+/// The search for one pair of lists.
+class OrderSearch
+{
+public:
+    OrderSearch(const double (*reference)[3], const double (*measured)[3], int n,
+                SearchObserver* observer);
+    bool run(int* order);
+
+private:
+    void enter_sound_orders();
+    void enter_doubtful_orders();
+    double rotation_work() const;
+
+    const int m_n;
+    SearchBudget m_budget;
+    TripleShapes m_shapes;
+    CenteredPoints m_points;
+    OrderContest m_contest;
+    const double m_tolerance;
+};
+
+OrderSearch::OrderSearch(const double (*reference)[3], const double (*measured)[3], int n,
+                         SearchObserver* observer)
+    : m_n(n), m_budget(most_work(n), observer), m_shapes(reference, measured, n),
+      m_points(reference, measured, n), m_contest(reference, measured, n, &m_budget),
       m_tolerance(rigid_tolerance(m_points))
 {
-    std::memcpy(m_first_reference, reference, sizeof m_first_reference);
 }
 
-TripleShape OrderSearch::shape(const int* triple)
+/// Up to ten points the rotation search may cost a tenth of what it may spare.
+double OrderSearch::rotation_work() const
 {
-    double first[triple_size][3];
-    for (int k = 0; k < triple_size; ++k)
-        std::memcpy(first[k], m_measured[triple[k]], sizeof first[k]);
-    if (m_reference_is_well_shaped && is_well_shaped(first[0], first[1], first[2]))
-        return sound;
-    double unused[4][4];
-    return trafo3d_3trafo(unused, m_first_reference, first) == 0 ? doubtful : degenerate;
+    if (m_n > always_exact_count)
+        return infinity;
+    return 0.1 * std::tgamma(m_n + 1.0) * fit_work(m_n, true);
 }
 
-/// Calls action(triple) for all triples of different measured points until it returns false.
-template <typename Action>
-void OrderSearch::for_each_triple(Action action)
+void OrderSearch::enter_sound_orders()
 {
+    const double bound_work = 60.0;
+    const double quick_walk = 100.0 * bound_work * m_n * m_n;
+    OrderWalk walk(m_points, m_shapes, &m_contest, &m_budget, m_tolerance);
+    if (m_n > walk_only_count) {
+        RotationSearch rotations(m_points, &m_contest, &m_budget, m_tolerance);
+        rotations.enter_good_orders();
+        if ((m_contest.has_success() && walk.enter_orders(quick_walk))
+            || rotations.enter_orders_within_reach(rotation_work()))
+            return;
+    }
+    walk.enter_orders(infinity);
+}
+
+void OrderSearch::enter_doubtful_orders()
+{
+    PrefixSearch search(m_points, &m_contest, &m_budget, m_tolerance);
     int t[triple_size];
-    for (t[0] = 0; t[0] < n; ++t[0])
-        for (t[1] = 0; t[1] < n; ++t[1])
-            for (t[2] = 0; t[2] < n; ++t[2])
-                if (t[0] != t[1] && t[0] != t[2] && t[1] != t[2] && !action(t))
-                    return;
-}
-
-bool OrderSearch::has_sound_triples()
-{
-    bool found = false;
-    for_each_triple([&](const int* triple) {
-        found = shape(triple) == sound;
-        return !found;
-    });
-    return found;
-}
-
-void OrderSearch::enter_orders_from(TripleShape least_shape, TripleShape most_shape,
-                                    bool until_success)
-{
-    PrefixSearch search(m_points, &m_contest, m_tolerance);
-    for_each_triple([&](const int* triple) {
-        const TripleShape found = shape(triple);
-        if (found >= least_shape && found <= most_shape)
-            search.enter_orders(triple, until_success);
-        return !(until_success && has_success());
-    });
+    for (t[0] = 0; t[0] < m_n; ++t[0])
+        for (t[1] = 0; t[1] < m_n; ++t[1])
+            for (t[2] = 0; t[2] < m_n && !m_budget.is_over(); ++t[2])
+                if (t[0] != t[1] && t[0] != t[2] && t[1] != t[2]
+                    && m_shapes.shape(t) == doubtful_triple)
+                    search.enter_orders(t);
 }
 
 bool OrderSearch::run(int* order)
 {
-    const bool any_sound = has_sound_triples();
-    RotationSearch rotations(m_points, &m_contest, m_tolerance);
-    if (any_sound)
-        rotations.enter_good_orders();
-    if (!has_success())
-        enter_orders_from(doubtful, sound, true);
-    if (has_success()) {
-        const bool done = !any_sound || rotations.enter_orders_within_reach();
-        enter_orders_from(doubtful, done ? doubtful : sound, false);
-    }
-    return m_contest.winner(order);
+    if (m_shapes.has_sound())
+        enter_sound_orders();
+    if (!m_shapes.has_only_sound())
+        enter_doubtful_orders();
+    return !m_budget.is_over() && m_contest.winner(order);
 }
 
 /// Whether the first three points give no start at all.
@@ -175,12 +137,13 @@ bool is_degenerate(const double (*points)[3])
 
 } // namespace
 
-bool find_best_order(const double (*reference)[3], const double (*measured)[3], int n, int* order)
+bool find_best_order(const double (*reference)[3], const double (*measured)[3], int n, int* order,
+                     SearchObserver* observer)
 {
     if (n < triple_size || n > trafo3d_max_points)
         return false;
     // A coordinate that is no number leaves no residual that is one, and no fit succeeds.
     if (!are_finite(reference, n) || !are_finite(measured, n) || is_degenerate(reference))
         return false;
-    return OrderSearch(reference, measured, n).run(order);
+    return OrderSearch(reference, measured, n, observer).run(order);
 }

@@ -22,10 +22,10 @@ PairingStatus check_counts(int reference_count, int measured_count)
 }
 
 PairingStatus choose_order(const double (*reference)[3], const double (*measured)[3],
-                           bool preserve_order, PairingResult* result)
+                           bool preserve_order, PairingResult* result, SearchObserver* observer)
 {
     if (!preserve_order)
-        return find_best_order(reference, measured, result->count, result->order)
+        return find_best_order(reference, measured, result->count, result->order, observer)
                    ? pairing_ok
                    : pairing_no_valid_order;
     for (int i = 0; i < result->count && i < trafo3d_max_points; ++i)
@@ -50,9 +50,10 @@ double distance(const double* a, const double* b)
 }
 
 PairingStatus pair_and_fit(const double (*reference)[3], const double (*measured)[3],
-                           bool preserve_order, PairingResult* result)
+                           bool preserve_order, PairingResult* result, SearchObserver* observer)
 {
-    const PairingStatus chosen = choose_order(reference, measured, preserve_order, result);
+    const PairingStatus chosen =
+        choose_order(reference, measured, preserve_order, result, observer);
     if (chosen != pairing_ok)
         return chosen;
 
@@ -77,11 +78,11 @@ PairingStatus pair_and_fit(const double (*reference)[3], const double (*measured
 
 void evaluate_pairing(const double (*reference)[3], int reference_count,
                       const double (*measured)[3], int measured_count, bool preserve_order,
-                      PairingResult* result)
+                      PairingResult* result, SearchObserver* observer)
 {
     result->code = 0;
     result->count = reference_count;
     result->status = check_counts(reference_count, measured_count);
     if (result->status == pairing_ok)
-        result->status = pair_and_fit(reference, measured, preserve_order, result);
+        result->status = pair_and_fit(reference, measured, preserve_order, result, observer);
 }

@@ -7,12 +7,15 @@
 
 #include "registration/trafo3d.h"
 
+class SearchObserver;
+
 enum PairingStatus
 {
     pairing_ok,
     pairing_not_enough_points, ///< fewer than three reference points
     pairing_counts_differ,
-    pairing_no_valid_order,   ///< every order failed, or there are more points than a fit takes
+    pairing_no_valid_order,   ///< every order failed, there are more points than a fit takes, or
+                              ///< the search was ended or needed too much work
     pairing_start_failed,     ///< trafo3d_3trafo failed, see `code`
     pairing_optimizing_failed ///< trafo3d_opttrafo failed, see `code`
 };
@@ -31,11 +34,11 @@ struct PairingResult
 };
 
 /// Fits the measured points to the reference points: as they stand if `preserve_order` is set,
-/// otherwise in the order with the smallest residual (`find_best_order`).
+/// otherwise in the order with the smallest residual (`find_best_order`, which asks the observer).
 /// With more than `trafo3d_max_points` points the ordered fit fails with the code of
 /// trafo3d_opttrafo, and the unordered one with pairing_no_valid_order.
 void evaluate_pairing(const double (*reference)[3], int reference_count,
                       const double (*measured)[3], int measured_count, bool preserve_order,
-                      PairingResult* result);
+                      PairingResult* result, SearchObserver* observer = nullptr);
 
 #endif

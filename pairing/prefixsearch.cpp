@@ -1,6 +1,7 @@
 #include "pairing/prefixsearch.h"
 
 #include "pairing/ordercontest.h"
+#include "pairing/searchbudget.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,6 +17,10 @@ const double infinity = std::numeric_limits<double>::infinity();
 // lengths are subnormal numbers), so the sum of its squared entries stays below this.
 const double largest_square_norm = 50.0;
 const double ridge = 1e-6; // keeps the normal equations regular; relative to sum |b_j|^2
+
+// The condition of the normal equations is at most 1 / ridge, so that what they explain of the sum
+// of squares is right to about thirty roundings of 1.2e-16 times that, relative to the whole.
+const double rounding = 1e-8;
 
 struct OutsideIn
 {
@@ -50,8 +55,9 @@ double least_square_sum(const double (*BB)[3], const double (*AB)[3], double AA,
 
 } // namespace
 
-PrefixSearch::PrefixSearch(const CenteredPoints& points, OrderContest* contest, double tolerance)
-    : m_points(points), m_contest(contest), m_tolerance(tolerance), m_until_success(false)
+PrefixSearch::PrefixSearch(const CenteredPoints& points, OrderContest* contest,
+                           SearchBudget* budget, double tolerance)
+    : m_points(points), m_contest(contest), m_budget(budget), m_tolerance(tolerance)
 {
     const OutsideIn outside_in = {points.reference_square};
     for (int i = 0; i < points.n; ++i) {
@@ -61,9 +67,8 @@ PrefixSearch::PrefixSearch(const CenteredPoints& points, OrderContest* contest, 
     std::sort(m_row + triple_size, m_row + points.n, outside_in);
 }
 
-void PrefixSearch::enter_orders(const int* triple, bool until_success)
+void PrefixSearch::enter_orders(const int* triple)
 {
-    m_until_success = until_success;
     Sums sums = {{{0.0}}, {{0.0}}, 0.0};
     for (int k = 0; k < triple_size; ++k) {
         m_taken[triple[k]] = true;
@@ -85,12 +90,14 @@ bool PrefixSearch::is_hopeless(const Sums& sums) const
     const double total = m_points.reference_sum + m_points.measured_sum;
     const double most = total - 2.0 * m_points.least_trace(m_contest->ceiling(), m_tolerance);
     return least_square_sum(sums.BB, sums.AB, sums.AA, weight)
-           > most + weight * largest_square_norm;
+           > most + weight * largest_square_norm + rounding * total;
 }
 
 void PrefixSearch::descend(const Sums& sums, int level)
 {
-    if (m_until_success && m_contest->ceiling() < infinity)
+    const double bound_work = 60.0;
+    m_budget->spend(bound_work);
+    if (m_budget->is_over())
         return;
     if (level == m_points.n) {
         m_contest->enter(m_order);

@@ -5,6 +5,7 @@
 #include "pairing/centeredpoints.h"
 
 class OrderContest;
+class SearchBudget;
 
 /// Depth-first walk over the positions of an order, the first three given.
 ///
@@ -17,12 +18,12 @@ class OrderContest;
 class PrefixSearch
 {
 public:
-    /// `tolerance` as for CenteredPoints::least_trace. Points and contest must outlive the search.
-    PrefixSearch(const CenteredPoints& points, OrderContest* contest, double tolerance);
+    /// `tolerance` as for CenteredPoints::least_trace. All must outlive the search.
+    PrefixSearch(const CenteredPoints& points, OrderContest* contest, SearchBudget* budget,
+                 double tolerance);
 
-    /// Enters every order that begins with the triple and can matter. With `until_success` it ends
-    /// as soon as any order has succeeded.
-    void enter_orders(const int* triple, bool until_success);
+    /// Enters every order that begins with the triple and can matter, until the budget is over.
+    void enter_orders(const int* triple);
 
 private:
     /// Normal equations of the linear map, from the pairs taken so far.
@@ -39,8 +40,8 @@ private:
 
     const CenteredPoints& m_points;
     OrderContest* m_contest;
+    SearchBudget* m_budget;
     const double m_tolerance;
-    bool m_until_success;
     int m_row[trafo3d_max_points]; // the first three, then from the outside in
     bool m_taken[trafo3d_max_points];
     int m_order[trafo3d_max_points];

@@ -39,11 +39,12 @@ bool RotationCaps::find(double least_trace)
     const int groups = m_points.n / group_size;
     const double most = m_points.reference_sum + m_points.measured_sum - 2.0 * least_trace;
     for (int g = 0; g < groups; ++g) {
-        // One point from far out, one from the middle, one from inside; what is left over counts to
-        // the first groups.
+        // One point from far out, one from the middle, one from inside. What is left over is dealt
+        // out to the groups, as only shares that sum up to all points prove anything.
         const int group[group_size] = {m_outside_in[g], m_outside_in[g + groups],
                                        m_outside_in[g + 2 * groups]};
-        const int members = group_size + (g < m_points.n - group_size * groups);
+        const int left_over = m_points.n - group_size * groups;
+        const int members = group_size + left_over / groups + (g < left_over % groups);
         if (!add_caps(group, most * members / m_points.n))
             return false;
     }

@@ -75,30 +75,38 @@ bool trace_stays_below(const double (*H)[3], double limit)
     // the largest one exactly if the polynomial and all its derivatives are positive there.
     // c0 = det N follows from det H, |H|^2 and the squares of the cofactors: with the singular
     // values s (the last signed) the eigenvalues are s1 + s2 + s3, s1 - s2 - s3 and so on.
+    //
+    // Where the two largest roots nearly coincide the polynomial is small beside its terms. The
+    // second derivative is positive only for |H|^2 < 3 x^2, where c2 x^2, c1 x and c0 are at most
+    // 6, 8 and 12 times x^4; each is reached with fewer than 20 roundings of 1.2e-16, which makes
+    // 6e-14 x^4 together. This covers it, and the derivatives with x^3 and x^2.
+    const double rounding = 4e-13;
+    const double x = limit;
     double squares = 0.0;
     for (int r = 0; r < 3; ++r)
         for (int c = 0; c < 3; ++c)
             squares += H[r][c] * H[r][c];
     const double c2 = -2.0 * squares;
-    if (!(limit > 0.0 && 6.0 * limit * limit + c2 > 0.0))
+    const double x2 = x * x;
+    if (!(x > 0.0 && 6.0 * x2 + c2 > rounding * x2))
         return false;
 
     double cofactors[3][3];
     for (int r = 0; r < 3; ++r) {
-        const double* x = H[(r + 1) % 3];
-        const double* y = H[(r + 2) % 3];
-        cofactors[r][0] = x[1] * y[2] - x[2] * y[1];
-        cofactors[r][1] = x[2] * y[0] - x[0] * y[2];
-        cofactors[r][2] = x[0] * y[1] - x[1] * y[0];
+        const double* u = H[(r + 1) % 3];
+        const double* v = H[(r + 2) % 3];
+        cofactors[r][0] = u[1] * v[2] - u[2] * v[1];
+        cofactors[r][1] = u[2] * v[0] - u[0] * v[2];
+        cofactors[r][2] = u[0] * v[1] - u[1] * v[0];
     }
     const double determinant =
         H[0][0] * cofactors[0][0] + H[0][1] * cofactors[0][1] + H[0][2] * cofactors[0][2];
     const double c1 = -8.0 * determinant;
-    if (!((4.0 * limit * limit + 2.0 * c2) * limit + c1 > 0.0))
+    if (!((4.0 * x2 + 2.0 * c2) * x + c1 > rounding * x2 * x))
         return false;
 
     const double c0 = squares * squares - 4.0 * matrix_dot(cofactors, cofactors);
-    return ((limit * limit + c2) * limit + c1) * limit + c0 > 0.0;
+    return ((x2 + c2) * x + c1) * x + c0 > rounding * x2 * x2;
 }
 
 double best_rotation(const double (*H)[3], double* quaternion, double* second)
@@ -160,12 +168,13 @@ double matrix_dot(const double (*A)[3], const double (*B)[3])
 
 bool is_between(const double* const* corner, const double* q)
 {
-    const double rounding = 1e-6;
     const double whole = determinant(corner[0], corner[1], corner[2], corner[3]);
-    const double weights[4] = {determinant(q, corner[1], corner[2], corner[3]) / whole,
-                               determinant(corner[0], q, corner[2], corner[3]) / whole,
-                               determinant(corner[0], corner[1], q, corner[3]) / whole,
-                               determinant(corner[0], corner[1], corner[2], q) / whole};
+    // Each determinant is a sum of 24 products of parts below one.
+    const double rounding = 1e-6 * std::fabs(whole) + 2e-14;
+    const double weights[4] = {determinant(q, corner[1], corner[2], corner[3]),
+                               determinant(corner[0], q, corner[2], corner[3]),
+                               determinant(corner[0], corner[1], q, corner[3]),
+                               determinant(corner[0], corner[1], corner[2], q)};
     const double least = *std::min_element(weights, weights + 4);
     const double most = *std::max_element(weights, weights + 4);
     return least >= -rounding || most <= rounding;

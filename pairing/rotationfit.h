@@ -10,8 +10,8 @@
 /// out = N(H).
 void quaternion_form(double (*out)[4], const double (*H)[3]);
 
-/// Returns true if the largest eigenvalue of N(H) is below `limit`; may return false where it is
-/// below by less than about 1e-7 of the size of N. Several times faster than the eigenvalue.
+/// Returns true only if the largest eigenvalue of N(H) is below `limit`; may return false where it
+/// is below by less than about 1e-6 of the size of N. Several times faster than the eigenvalue.
 bool trace_stays_below(const double (*H)[3], double limit);
 
 /// Returns the largest eigenvalue of N(H), and its unit quaternion, both exact to rounding; the
@@ -23,7 +23,8 @@ void rotation_product(double (*out)[3], const double* p, const double* q);
 
 double quaternion_dot(const double* p, const double* q);
 
-/// Whether q or -q is a sum of the four corners with weights that are not negative, but for 1e-6.
+/// Whether q or -q is a sum of the four corners with weights that are not negative, but for 1e-6
+/// and for the rounding, which tells nothing any more about corners closer than about 1e-5.
 bool is_between(const double* const* corners, const double* q);
 
 /// <A, B>, the sum of the products of the entries.

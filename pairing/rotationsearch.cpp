@@ -2,6 +2,7 @@
 
 #include "pairing/ordercontest.h"
 #include "pairing/rotationfit.h"
+#include "pairing/searchbudget.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,12 +20,17 @@ const double smallest_cosine = 1.0 - 1e-9; // halving shorter edges gains nothin
 const double small_cap = 0.03;             // sine up to which a cap gets a tetrahedron of its own
 const int list_steps = 400;                // before halving is thought cheaper
 
+// In the budget's unit:
+const double listing_work = 100.0;
+const double visit_work = 300.0;
+const double assignment_work = 5.0; // for each row and column
+
 } // namespace
 
 RotationSearch::RotationSearch(const CenteredPoints& points, OrderContest* contest,
-                               double tolerance)
-    : m_points(points), m_contest(contest), m_tolerance(tolerance), m_floor_trace(-infinity),
-      m_top_trace(-infinity), m_work_left(0.0), m_listed(nullptr),
+                               SearchBudget* budget, double tolerance)
+    : m_points(points), m_contest(contest), m_budget(budget), m_tolerance(tolerance),
+      m_floor_trace(-infinity), m_top_trace(-infinity), m_last_work(infinity), m_listed(nullptr),
       m_listing(m_assignment, *contest, points.n), m_caps(points), m_caps_hold(false),
       m_cell_product_of(), m_cell_product_count(0)
 {
@@ -38,6 +44,11 @@ void RotationSearch::update_least_trace()
 {
     m_least_trace =
         std::max(m_floor_trace, m_points.least_trace(m_contest->ceiling(), m_tolerance));
+}
+
+bool RotationSearch::is_over() const
+{
+    return m_budget->is_over() || m_budget->spent() > m_last_work;
 }
 
 /// Enters an order if it can matter.
@@ -55,8 +66,8 @@ void RotationSearch::offer(const int* order)
 /// that rotation lies in another one that lists the order, too.
 void RotationSearch::visit_order(const int* order)
 {
-    --m_work_left;
-    if (m_contest->is_known(order))
+    m_budget->spend(listing_work);
+    if (is_over() || m_contest->is_known(order))
         return;
     double H[3][3];
     double quaternion[4];
@@ -99,6 +110,7 @@ void RotationSearch::fill_profits(const double (*M)[3])
 /// Finds the best assignment, or at least that its profit is not above `enough`.
 void RotationSearch::solve(Product* product, double enough)
 {
+    m_budget->spend(assignment_work * m_points.n * m_points.n);
     fill_profits(product->M);
     std::memcpy(m_assignment.price, product->price, m_points.n * sizeof product->price[0]);
     product->upper = m_assignment.solve(m_points.n, enough);
@@ -125,28 +137,27 @@ RotationSearch::Product* RotationSearch::cell_product(int cell, int k, int l)
 
 /// If the best orders met so far failed, orders far below them are within reach. Looking at the
 /// best ones first may show one that succeeds, which brings most others out of reach.
-bool RotationSearch::enter_orders_within_reach()
+bool RotationSearch::enter_orders_within_reach(double most_work)
 {
-    const double least_work = 2e3;
-    const double fit_work = 5.0;
-    const double steps[] = {1.0 / 64.0, 1.0 / 8.0};
-    m_work_left = std::max(least_work, fit_work * std::tgamma(m_points.n + 1.0));
+    const double steps[] = {1.0 / 4096.0, 1.0 / 512.0, 1.0 / 64.0, 1.0 / 8.0};
+    m_last_work = m_budget->spent() + most_work;
 
-    const double gap = m_top_trace - m_least_trace;
+    const double least = -0.5 * (m_points.reference_sum + m_points.measured_sum); // of any order
+    const double gap = m_top_trace - std::max(least, m_least_trace);
     const double small_gap = 1e-4 * m_top_trace;
     for (double step : steps) {
-        if (gap <= small_gap)
-            break;
+        if (step * gap <= small_gap)
+            continue;
         m_floor_trace = m_top_trace - step * gap;
         update_least_trace();
         visit_cells();
-        if (m_least_trace > m_floor_trace)
-            return m_work_left >= 0.0;
+        if (m_least_trace > m_floor_trace || is_over())
+            return !is_over();
     }
     m_floor_trace = -infinity;
     update_least_trace();
     visit_cells();
-    return m_work_left >= 0.0;
+    return !is_over();
 }
 
 void RotationSearch::visit_cells()
@@ -185,9 +196,9 @@ void RotationSearch::visit(const Tetrahedron& t, const NearCaps& caps)
 {
     NearCaps near;
     near.count = 0;
-    if (m_work_left < 0.0 || (m_caps_hold && !find_near_caps(&near, t, caps)) || !can_reach(t))
+    if (is_over() || (m_caps_hold && !find_near_caps(&near, t, caps)) || !can_reach(t))
         return;
-    --m_work_left;
+    m_budget->spend(visit_work);
     int longest[2] = {0, 0};
     double cosine = 1.0;
     for (int k = 0; k < corners; ++k)

@@ -9,6 +9,7 @@
 #include "pairing/rotationcells.h"
 
 class OrderContest;
+class SearchBudget;
 
 /// Branch and bound over the rotations of space.
 ///
@@ -31,16 +32,17 @@ class RotationSearch : private OrderVisitor
 {
 public:
     /// `tolerance`: by how much a fit may fall below the residual of the best rotation, in the
-    /// points' unit. Points and contest must outlive the search.
-    RotationSearch(const CenteredPoints& points, OrderContest* contest, double tolerance);
+    /// points' unit. All must outlive the search.
+    RotationSearch(const CenteredPoints& points, OrderContest* contest, SearchBudget* budget,
+                   double tolerance);
 
     /// Enters good orders, until one has succeeded and some more. Follows alternating best
     /// rotations and best assignments from the most promising corners until they settle.
     void enter_good_orders();
 
     /// Enters every order that can succeed with a residual up to the contest's ceiling. Returns
-    /// false if it gave up, as so many are within reach that trying all orders takes less time.
-    bool enter_orders_within_reach();
+    /// false if it gave up, after so much work or because the budget is over.
+    bool enter_orders_within_reach(double most_work);
 
 private:
     enum
@@ -100,14 +102,16 @@ private:
     virtual void visit_order(const int* order);
     void offer(const int* order);
     void update_least_trace();
+    bool is_over() const;
 
     const CenteredPoints& m_points;
     OrderContest* m_contest;
+    SearchBudget* m_budget;
     const double m_tolerance;
     double m_least_trace;
     double m_floor_trace;        // never look below this for now
     double m_top_trace;          // of all orders met so far
-    double m_work_left;          // in units of about a microsecond
+    double m_last_work;          // spent from the budget when this search ends
     const Tetrahedron* m_listed; // whose orders are being listed
     double m_start_price[trafo3d_max_points];
     Assignment m_assignment;
