@@ -91,10 +91,10 @@ private:
         data.scaling = 1.0;
         tab_controller.log.clear();
         write_extra_transformation(&tab_controller, data, {"", "", ""});
-        QStringList sent;
+        std::string sent;
         for (const std::string& entry : tab_controller.sent())
-            sent << QString::fromStdString(entry.substr(4));
-        return sent.join('\n');
+            sent += (sent.empty() ? "" : "\n") + entry.substr(4);
+        return QString::fromStdString(sent);
     }
 
     /// One in ten is a half turn about an oblique axis, one has an angle at the end of its box.
