@@ -24,9 +24,10 @@ if(ROOM_ADJUSTMENT_SANITIZE)
   add_link_options(-fsanitize=${ROOM_ADJUSTMENT_SANITIZE})
 endif()
 if(ROOM_ADJUSTMENT_FUZZ)
-  add_compile_options(-O1 -g -fsanitize=fuzzer-no-link,address,undefined
+  add_compile_options(-O2 -g -fsanitize=fuzzer-no-link,address,undefined
                       -fno-sanitize-recover=all)
   add_link_options(-fsanitize=address,undefined)
+  add_compile_definitions(TRACKING_MAX_NUMBER=16)
 endif()
 
 # Dialogs of one folder hold forms of another by value, so all form headers are generated into one

@@ -11,8 +11,13 @@
 namespace line_groups
 {
 
-/// Highest count or id that a line may ask storage for; no real set-up comes near it.
+/// Highest count or id that a line may ask storage for; no real set-up comes near it. A build may
+/// lower it: clearing megabytes of records in every run would keep a fuzzer from its work.
+#ifdef TRACKING_MAX_NUMBER
+const int max_number = TRACKING_MAX_NUMBER;
+#else
 const int max_number = 4096;
+#endif
 
 const char* const one_real = "d";
 const char* const vector_format = "ddd";
