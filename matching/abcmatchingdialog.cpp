@@ -37,7 +37,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager* io_manager, BackendVersions* bac
       measurement_duration(default_duration), meatool_id(-1), meatool_tracked(false),
       line_buffer(nullptr), parser(nullptr), dialog_live(false), max_deviation(default_deviation),
       elapsed_time(0.0), meatool_combo_index(0), samples_lost(false), start_pending(false),
-      start_running(false), reference_table_reactions(0), evaluations(0)
+      start_running(false), reference_table_reactions(0), evaluations(0), search(nullptr)
 {
     for (std::atomic<double>& component : mean_position)
         component = 0.0;
@@ -64,6 +64,9 @@ AbcMatchingDialog::~AbcMatchingDialog()
     // Ended by a loop within the reaction to a changed cell: Qt is not done with the table then.
     if (reference_table_reactions > 0)
         ui.tableWidget_referencePoints->setParent(nullptr);
+    // Likewise by an evaluation that the check box may have started.
+    if (search)
+        ui.w_orderCheckBox->setParent(nullptr);
     delete parser;
     delete[] line_buffer;
 }

@@ -15,8 +15,10 @@
 class IOManager;
 class QModelIndex;
 class QTableWidgetItem;
+class SearchWatch;
 class ZetrakParser;
 struct BackendVersions;
+struct PairingResult;
 
 /// One sample of a tip measurement.
 struct Pos3dTime
@@ -37,59 +39,79 @@ class AbcMatchingDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Host and versions must outlive the dialog. It starts closed, without points.
     AbcMatchingDialog(IOManager* io_manager, BackendVersions* backend_versions, QWidget* parent);
     ~AbcMatchingDialog();
 
-    // For the 3D view. Points by a bad index throw std::out_of_range.
+    // For the 3D view. Indices count from 0; points by a bad index throw std::out_of_range.
     unsigned int getRPCount() const;
     unsigned int getMPCount() const;
-    unsigned int getTPCount() const;
+    unsigned int getTPCount() const;                 ///< 0 without a valid transformation
     const bsVector& getRP(unsigned int index) const; ///< reference point
-    const bsVector& getMP(unsigned int index) const; ///< measured point
-    const bsVector& getTP(unsigned int index) const; ///< measured point, transformed
+    const bsVector& getMP(unsigned int index) const; ///< measured point, in the order measured
+    /// The measured point that belongs to this reference point, moved to it.
+    const bsVector& getTP(unsigned int index) const;
+    /// Whether this row is the current one of its table; -1 asks for no current row.
     bool isRPSelected(int index) const;
     bool isMPSelected(int index) const;
     /// Whether a valid transformation exists, that is whether OK is enabled.
     bool checkApplyTrafo() const;
-    /// The result: takes reference points to measured points.
+    /// The last valid result: takes reference points to measured points. Undefined before the
+    /// first.
     const bsMatrix& getTransformationMatrix() const;
-    bsVector getTranslation() const;
-    bsMatrix getOrientation() const;
+    bsVector getTranslation() const; ///< its offset
+    bsMatrix getOrientation() const; ///< its rotation, with no offset
 
     /// Entry of the data path. Returns 0; -1 without a parser; -2 for a line that the parser
     /// rejects or that is longer than the line buffer.
     int set_ascii_data(const char* line_type, const char* line);
-    /// Examines the tool at this place of the last parsed data.
+    /// Takes the measurement a step further by the tool at this index of the last parsed data; any
+    /// but the selected tool, and an index without a tool, is passed over.
     void analyse_data(int index);
+    /// Whether any pointing device of the last parsed data has a button down.
     bool isWandButtonPressed();
     /// Mean of the samples into `mean_position`. The mean squared distance from it is added to
     /// `variance`, which the caller presets to 0. Without samples both stay as they are.
     void calcMeanPos(double& variance, double& standardDeviation);
-    /// The selected tool's tolerance in mm; 1.5 if the controller does not say.
+    /// The selected tool's tolerance in mm. If the controller does not say, a message of the host
+    /// and 1.5.
     double getMaxDeviation();
 
+    /// The measured table, its check box and its Remove button alone.
     void enableDialog(bool enable);
+    /// Empties both lists; the tables lose their headers as well.
     void clearPoints();
+    /// Whether the points were measured in the order of the reference points. Setting evaluates.
     void setOrdered(bool ordered);
     bool isOrdered() const;
+    /// Appends the title and four rows with two decimals to the report.
     void printMatrix(const QString& title, const bsMatrix& m);
-    /// Pairs the points, fits, writes the report and decides on OK.
+    /// Pairs the points, fits, writes the report and decides on OK. A search for their order that
+    /// takes long processes events; called from there, this only lets the evaluation that runs
+    /// start anew. This dialog may end meanwhile.
     void checkTrafo();
 
-    void addTxtExtension(QString& fileName);
-    bool adjustNumStrTo2Digits(QString& text);
+    void addTxtExtension(QString& fileName);   ///< see add_txt_extension()
+    bool adjustNumStrTo2Digits(QString& text); ///< see repair_number()
 
 signals:
+    /// A button of the tool or of a pointing device is down; with every line for which it is.
     void startTipMea();
+    /// After every evaluation.
     void updateRequest();
+    /// OK was pressed; the argument is getTransformationMatrix().
     void applyTrafoRequest(const bsMatrix& transformation);
+    // From the data path to the slots of like names below.
     void do_updateProgressbar(const double& seconds);
     void do_addMeasuredPoint();
     void do_setTrafoText(const QString& text);
 
 public slots:
-    /// Opens the dialog; returns what exec() returns.
+    /// Asks the controller for its tools, then opens the dialog and returns what exec() returns.
+    /// Without a tool that is calibrated only the measuring is off. A failed query has its message.
     int update_and_exec();
+    // Reactions to the widgets, connected by their names. Those that ask first do nothing on No, or
+    // if the dialog was closed or ended before the answer.
     void on_pushButton_clearMeaPoints_clicked();
     void on_pushButton_help_clicked();
     void on_tableWidget_referencePoints_clicked(QModelIndex index);
@@ -105,16 +127,27 @@ public slots:
     void on_w_measureButton_clicked();
     void on_w_loadButton_clicked();
     void on_w_closeButton_clicked();
+    /// Asks for a file and takes its points in place of the reference points. On failure a message
+    /// and no change; without a word if the file cannot be opened.
     void load();
+    /// Removes the current row of the measured points, if there is one, without asking.
     void remove();
+    /// As OK: emits applyTrafoRequest() and closes.
     void apply();
+    /// Emits updateRequest().
     void onRPSelected(int index);
-    void onOrderToggled(bool ordered);
+    void onOrderToggled(bool ordered); ///< evaluates
     void closeEvent(QCloseEvent* event);
     void keyPressEvent(QKeyEvent* event);
+    /// Since the first sample; shown in hundredths of a second.
     void updateProgressbar(const double& seconds);
+    /// The lamp, and whether Measure may be pressed.
     void showTrackingStatus();
+    /// Takes the mean position of the last measurement as a new point, or in place of the selected
+    /// one if that box is checked, and evaluates. The table holds 1000 points; a further one is
+    /// lost and the report says so.
     void addMeasuredPoint();
+    /// Replaces the report.
     void setTrafoText(const QString& text);
     void resizeEvent(QResizeEvent* event);
 
@@ -161,6 +194,10 @@ private:
     void enableDisableClearMeaPoints();
     void enableApply(bool enable);
 
+    // Evaluation.
+    void evaluate();
+    void takeResult(const PairingResult& result);
+
     // Data path.
     void takeSample(const double* location);
     void loseSamples();
@@ -195,6 +232,7 @@ private:
     bool start_running;
     int reference_table_reactions; ///< calls of the reaction to a changed cell that have not ended
     unsigned int evaluations;      ///< so far
+    SearchWatch* search;           ///< of the evaluation that runs; null if there is none
 };
 
 #endif

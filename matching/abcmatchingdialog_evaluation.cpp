@@ -2,10 +2,16 @@
 #include "matching/abcmatchingdialog.h"
 
 #include "matching/pairingreport.h"
+#include "matching/searchwatch.h"
 #include "pairing/pointpairing.h"
+
+#include <QPointer>
 
 namespace
 {
+
+// The orders of so few points are compared in no time.
+const std::size_t most_points_searched_at_once = 8;
 
 typedef const double (*PointRows)[3];
 
@@ -16,6 +22,15 @@ PointRows rows(const std::vector<bsVector>& points)
     return reinterpret_cast<PointRows>(points.data());
 }
 
+/// Takes copies of the points, because those of the dialog may change or end during the search.
+void pair_points(std::vector<bsVector> reference, std::vector<bsVector> measured,
+                 bool preserve_order, SearchObserver* observer, PairingResult* result)
+{
+    const bool is_short = reference.size() <= most_points_searched_at_once;
+    evaluate_pairing(rows(reference), reference.size(), rows(measured), measured.size(),
+                     preserve_order, result, is_short ? nullptr : observer);
+}
+
 } // namespace
 
 void AbcMatchingDialog::checkTrafo()
@@ -23,9 +38,34 @@ void AbcMatchingDialog::checkTrafo()
     ++evaluations;
     enableApply(false);
     transformed_points.clear();
+    if (search)
+        search->set_outdated();
+    else
+        evaluate();
+}
+
+/// Until it stood through a search that nothing has overtaken.
+void AbcMatchingDialog::evaluate()
+{
+    const QPointer<AbcMatchingDialog> self(this);
+    QWidget* const order_box = ui.w_orderCheckBox;
+    SearchWatch watch(this);
+    search = &watch;
     PairingResult result;
-    evaluate_pairing(rows(reference_points), reference_points.size(), rows(measured_points),
-                     measured_points.size(), isOrdered(), &result);
+    do {
+        watch.begin();
+        pair_points(reference_points, measured_points, isOrdered(), &watch, &result);
+    } while (self && watch.is_outdated());
+    if (!self) {
+        order_box->deleteLater(); // left over by the destructor
+        return;
+    }
+    search = nullptr;
+    takeResult(result);
+}
+
+void AbcMatchingDialog::takeResult(const PairingResult& result)
+{
     if (result.status == pairing_ok) {
         for (int i = 0; i < result.count; ++i)
             transformed_points.push_back(bsVector(result.transformed[i]));
@@ -44,8 +84,10 @@ void AbcMatchingDialog::onOrderToggled(bool) { checkTrafo(); }
 
 void AbcMatchingDialog::setOrdered(bool ordered)
 {
+    const QPointer<AbcMatchingDialog> self(this);
     ui.w_orderCheckBox->setChecked(ordered);
-    checkTrafo();
+    if (self)
+        checkTrafo();
 }
 
 bool AbcMatchingDialog::isOrdered() const { return ui.w_orderCheckBox->isChecked(); }

@@ -684,6 +684,37 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
+    <name>SearchWindow</name>
+    <message>
+        <source>Search for the order in which the points were measured</source>
+        <translation>Suche nach der Reihenfolge, in der die Punkte gemessen wurden</translation>
+    </message>
+    <message>
+        <source>Orders of the measured points are compared to find the one that fits best to the reference points.</source>
+        <translation>Reihenfolgen der gemessenen Punkte werden verglichen, um die zu finden, die am besten zu den Referenzpunkten passt.</translation>
+    </message>
+    <message>
+        <source>Orders fitted so far:</source>
+        <translation>Bisher verglichene Reihenfolgen:</translation>
+    </message>
+    <message>
+        <source>Best residual error so far:</source>
+        <translation>Bisher kleinster Restfehler:</translation>
+    </message>
+    <message>
+        <source>End the search without a result</source>
+        <translation>Suche ohne Ergebnis beenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>none fits yet</source>
+        <translation>noch passt keine</translation>
+    </message>
+</context>
+<context>
     <name>xyzWidget</name>
     <message>
         <source>X :</source>

@@ -684,6 +684,37 @@ Shift + マウス左ボタン</translation>
     </message>
 </context>
 <context>
+    <name>SearchWindow</name>
+    <message>
+        <source>Search for the order in which the points were measured</source>
+        <translation>測定点の順序の検索</translation>
+    </message>
+    <message>
+        <source>Orders of the measured points are compared to find the one that fits best to the reference points.</source>
+        <translation>基準点に最もよく合う順序を見つけるため、測定点の順序を比較しています。</translation>
+    </message>
+    <message>
+        <source>Orders fitted so far:</source>
+        <translation>これまでに比較した順序:</translation>
+    </message>
+    <message>
+        <source>Best residual error so far:</source>
+        <translation>これまでの最小残差:</translation>
+    </message>
+    <message>
+        <source>End the search without a result</source>
+        <translation>結果なしで検索を終了</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>none fits yet</source>
+        <translation>まだありません</translation>
+    </message>
+</context>
+<context>
     <name>xyzWidget</name>
     <message>
         <source>X :</source>
