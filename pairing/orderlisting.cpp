@@ -42,8 +42,7 @@ bool OrderListing::is_open(int column) const
 bool OrderListing::descend(int level, double slack)
 {
     if (level == n) {
-        m_visitor->visit_order(m_order);
-        return true;
+        return m_visitor->visit_order(m_order);
     }
     const int i = m_row[level];
     for (int c = 0; c < m_choice_count[i]; ++c) {
@@ -51,7 +50,7 @@ bool OrderListing::descend(int level, double slack)
         const double left = slack - m_solved.regret(i, j);
         if (left < 0.0 || !is_open(j))
             continue;
-        if (--m_steps_left < 0)
+        if (--m_steps_left < 0 || !m_visitor->count_step())
             return false;
         m_taken[j] = true;
         m_order[i] = j;

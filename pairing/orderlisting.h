@@ -10,7 +10,11 @@ class OrderContest;
 class OrderVisitor
 {
 public:
-    virtual void visit_order(const int* order) = 0;
+    /// Returns false to end the listing.
+    virtual bool visit_order(const int* order) = 0;
+
+    /// Called before each step; returns false to end the listing.
+    virtual bool count_step() = 0;
 
 protected:
     ~OrderVisitor() {}
@@ -25,7 +29,7 @@ public:
 
     /// Passes every assignment to the visitor that loses at most `slack` against the best. Of
     /// assignments that differ only in measured points with the same coordinates, one is passed.
-    /// Returns false if that takes more than `most_steps` steps.
+    /// Returns false if that takes more than `most_steps` steps, or if the visitor ends it.
     bool list(double slack, int most_steps, OrderVisitor* visitor);
 
 private:

@@ -43,8 +43,8 @@ bool are_finite(const double (*points)[3], int n)
     return true;
 }
 
-/// About a fifth of what fitting all orders of ten points takes where the fits succeed.
-double most_work(int n) { return n <= always_exact_count ? infinity : 5e9; }
+/// About a tenth of what fitting all orders of ten points takes: two or three seconds.
+double most_work(int n) { return n <= always_exact_count ? infinity : 2.5e9; }
 
 /// How far a fit with a sound start can fall below the residual of the best rotation: by how much
 /// its matrix can stretch the points, and by the rounding of points of size one.
@@ -82,7 +82,7 @@ OrderSearch::OrderSearch(const double (*reference)[3], const double (*measured)[
 {
 }
 
-/// Up to ten points the rotation search may cost a tenth of what it may spare.
+/// Up to ten points the rotation search may cost a part of what it may spare.
 double OrderSearch::rotation_work() const
 {
     if (m_n > always_exact_count)
@@ -98,8 +98,10 @@ void OrderSearch::enter_sound_orders()
     if (m_n > walk_only_count) {
         RotationSearch rotations(m_points, &m_contest, &m_budget, m_tolerance);
         rotations.enter_good_orders();
-        if ((m_contest.has_success() && walk.enter_orders(quick_walk))
-            || rotations.enter_orders_within_reach(rotation_work()))
+        if (m_contest.has_success() && walk.enter_orders(quick_walk))
+            return;
+        if ((m_contest.has_success() || m_n > always_exact_count)
+            && rotations.enter_orders_within_reach(rotation_work()))
             return;
     }
     walk.enter_orders(infinity);

@@ -21,9 +21,13 @@ const double small_cap = 0.03;             // sine up to which a cap gets a tetr
 const int list_steps = 400;                // before halving is thought cheaper
 
 // In the budget's unit:
-const double listing_work = 100.0;
-const double visit_work = 300.0;
-const double assignment_work = 5.0; // for each row and column
+const double listing_work = 300.0;
+const double step_work = 40.0;
+const double rotation_work = 1500.0;
+const double visit_work = 2000.0;
+const double cap_work = 10.0;
+const double assignment_work = 20.0; // for each row and column
+const double caps_work = 600.0;      // for each cap found or passed over
 
 } // namespace
 
@@ -64,19 +68,28 @@ void RotationSearch::offer(const int* order)
 
 /// Enters a listed order if it can matter and its best rotation lies in the tetrahedron. If not,
 /// that rotation lies in another one that lists the order, too.
-void RotationSearch::visit_order(const int* order)
+bool RotationSearch::visit_order(const int* order)
 {
     m_budget->spend(listing_work);
-    if (is_over() || m_contest->is_known(order))
-        return;
+    if (m_contest->is_known(order))
+        return true;
     double H[3][3];
     double quaternion[4];
     cross_covariance(H, m_points, order);
-    if (trace_stays_below(H, m_least_trace) || best_rotation(H, quaternion) < m_least_trace
-        || !is_between(m_listed->corner, quaternion))
-        return;
+    if (trace_stays_below(H, m_least_trace))
+        return true;
+    m_budget->spend(rotation_work);
+    if (best_rotation(H, quaternion) < m_least_trace || !is_between(m_listed->corner, quaternion))
+        return true;
     m_contest->enter(order);
     update_least_trace();
+    return true;
+}
+
+bool RotationSearch::count_step()
+{
+    m_budget->spend(step_work);
+    return !is_over();
 }
 
 void RotationSearch::init(Product* product, const double* p, const double* q, const double* price)
@@ -165,6 +178,7 @@ void RotationSearch::visit_cells()
     std::memset(m_cell_product_of, 0, sizeof m_cell_product_of);
     m_cell_product_count = 0;
     m_caps_hold = m_caps.find(m_least_trace);
+    m_budget->spend(caps_work * (m_points.n * m_points.n + m_caps.count()));
     NearCaps all;
     all.count = m_caps.count();
     for (int c = 0; c < all.count; ++c)
@@ -196,6 +210,7 @@ void RotationSearch::visit(const Tetrahedron& t, const NearCaps& caps)
 {
     NearCaps near;
     near.count = 0;
+    m_budget->spend(cap_work * caps.count);
     if (is_over() || (m_caps_hold && !find_near_caps(&near, t, caps)) || !can_reach(t))
         return;
     m_budget->spend(visit_work);

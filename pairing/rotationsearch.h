@@ -87,6 +87,7 @@ private:
     };
 
     Seed make_seed(const double* quaternion);
+    void climb_from_best(Seed* seeds, int count, int climbs);
     void visit_cells();
     void visit_cell(int cell, const NearCaps& caps);
     void visit(const Tetrahedron& t, const NearCaps& caps);
@@ -99,7 +100,8 @@ private:
     bool list_orders(const Tetrahedron& t, bool at_any_cost);
     bool list_orders(Product* product, int most_steps);
 
-    virtual void visit_order(const int* order);
+    virtual bool visit_order(const int* order);
+    virtual bool count_step();
     void offer(const int* order);
     void update_least_trace();
     bool is_over() const;

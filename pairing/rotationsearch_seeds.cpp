@@ -11,9 +11,11 @@
 namespace
 {
 
+static_assert(int(pair_guesses) <= int(RotationCells::vertex_count), "seeds hold both");
+
 const double infinity = std::numeric_limits<double>::infinity();
 
-}
+} // namespace
 
 void RotationSearch::climb(const double* start)
 {
@@ -45,20 +47,27 @@ RotationSearch::Seed RotationSearch::make_seed(const double* quaternion)
     return seed;
 }
 
+void RotationSearch::climb_from_best(Seed* seeds, int count, int climbs)
+{
+    std::sort(seeds, seeds + count);
+    for (int s = 0; s < count; ++s)
+        if (s < climbs || !m_contest->has_success())
+            climb(seeds[s].quaternion);
+}
+
 void RotationSearch::enter_good_orders()
 {
     const int climbs = 6; // at least
-    const RotationCells& cells = RotationCells::instance();
     double guesses[pair_guesses][4];
+    Seed seeds[RotationCells::vertex_count];
     const int guess_count = guess_rotations(m_points, guesses);
-    Seed seeds[RotationCells::vertex_count + pair_guesses];
-    int count = 0;
-    for (int v = 0; v < RotationCells::vertex_count; ++v)
-        seeds[count++] = make_seed(cells.vertices[v]);
     for (int g = 0; g < guess_count; ++g)
-        seeds[count++] = make_seed(guesses[g]);
-    std::sort(seeds, seeds + count);
-    for (int s = 0; s < count; ++s)
-        if (s < climbs || m_contest->ceiling() == infinity)
-            climb(seeds[s].quaternion);
+        seeds[g] = make_seed(guesses[g]);
+    climb_from_best(seeds, guess_count, climbs);
+    if (m_contest->has_success())
+        return;
+    const RotationCells& cells = RotationCells::instance();
+    for (int v = 0; v < RotationCells::vertex_count; ++v)
+        seeds[v] = make_seed(cells.vertices[v]);
+    climb_from_best(seeds, RotationCells::vertex_count, climbs);
 }
