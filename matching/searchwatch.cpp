@@ -9,7 +9,7 @@ namespace
 {
 
 const int patience_ms = 500; // a shorter search shows no window
-const int pause_ms = 20;     // between two looks for events, short enough for a smooth window
+const int pause_ms = 10; // after events, if the search asks that often; hard lists ask every 20 ms
 
 } // namespace
 
