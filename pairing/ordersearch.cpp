@@ -44,7 +44,7 @@ bool are_finite(const double (*points)[3], int n)
 }
 
 /// About a tenth of what fitting all orders of ten points takes: two or three seconds.
-double most_work(int n) { return n <= always_exact_count ? infinity : 2.5e9; }
+double most_work(int n) { return n <= always_exact_count ? infinity : 2.2e9; }
 
 /// How far a fit with a sound start can fall below the residual of the best rotation: by how much
 /// its matrix can stretch the points, and by the rounding of points of size one.

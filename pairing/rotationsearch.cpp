@@ -26,8 +26,9 @@ const double step_work = 40.0;
 const double rotation_work = 1500.0;
 const double visit_work = 2000.0;
 const double cap_work = 10.0;
-const double assignment_work = 20.0; // for each row and column
-const double caps_work = 600.0;      // for each cap found or passed over
+const double assignment_work = 3e3;
+const double profit_work = 4.0; // of each row and column
+const double caps_work = 600.0; // for each cap found or passed over
 
 } // namespace
 
@@ -123,7 +124,7 @@ void RotationSearch::fill_profits(const double (*M)[3])
 /// Finds the best assignment, or at least that its profit is not above `enough`.
 void RotationSearch::solve(Product* product, double enough)
 {
-    m_budget->spend(assignment_work * m_points.n * m_points.n);
+    m_budget->spend(assignment_work + profit_work * m_points.n * m_points.n);
     fill_profits(product->M);
     std::memcpy(m_assignment.price, product->price, m_points.n * sizeof product->price[0]);
     product->upper = m_assignment.solve(m_points.n, enough);

@@ -25,4 +25,4 @@ void SearchBudget::spend(double work)
     m_is_over = m_observer && !m_observer->go_on(m_progress);
 }
 
-double fit_work(int n, bool succeeded) { return succeeded ? 2e3 + 100.0 * n : 5e3 + 250.0 * n; }
+double fit_work(int n, bool succeeded) { return succeeded ? 2e3 + 150.0 * n : 4e3 + 500.0 * n; }
