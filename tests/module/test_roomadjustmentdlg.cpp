@@ -4,7 +4,7 @@
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
 
-#include <QtTest/QtTest>
+#include <QtTest>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QTableView>
@@ -140,14 +140,13 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("value");
         QTest::addColumn<int>("minor");
+        const char second_room[] = "tracking has_room c02";
         QTest::newRow("no tracking") << "tracking available"
                                      << "no" << 20;
-        QTest::newRow("one camera with a room is not enough") << "tracking has_room c02"
-                                                              << "0" << 20;
+        QTest::newRow("one camera with a room is not enough") << second_room << "0" << 20;
         QTest::newRow("no cameras") << "camera number_of_cameras"
                                     << "0" << 20;
-        QTest::newRow("a camera that does not answer does not count") << "tracking has_room c02"
-                                                                      << "" << 20;
+        QTest::newRow("a camera that does not answer does not count") << second_room << "" << 20;
         QTest::newRow("older: one camera without a room") << "tracking room c02"
                                                           << "none" << 17;
     }
@@ -176,25 +175,18 @@ private slots:
         QCOMPARE(controller->messages().size(), std::size_t(0));
     }
 
-    void old_backend_without_cameras_opens_with_an_empty_table()
+    void an_old_backend_passes_over_cameras_that_are_missing_or_silent()
     {
         versions = backend(1, 17);
-        controller->values["camera number_of_cameras"] = "0";
-        exec([this] {
-            QVERIFY(child<QTabWidget>("tabWidget")->isEnabled());
-            QCOMPARE(child<QTableView>("tableView")->model()->rowCount(), 0);
-            dialog->close();
-        });
-    }
-
-    void an_old_backend_passes_over_a_camera_that_does_not_answer()
-    {
-        versions = backend(1, 17);
-        controller->values.erase("tracking room c02");
-        exec([this] {
-            QVERIFY(child<QTabWidget>("tabWidget")->isEnabled());
-            dialog->close();
-        });
+        for (const char* cameras : {"0", "2"}) {
+            controller->values["camera number_of_cameras"] = cameras;
+            controller->values.erase("tracking room c02");
+            exec([&] {
+                QVERIFY(child<QTabWidget>("tabWidget")->isEnabled());
+                QCOMPARE(child<QTableView>("tableView")->model()->rowCount(), atoi(cameras));
+                dialog->close();
+            });
+        }
         // Only the camera table tells.
         QCOMPARE(controller->messages(), Log{"Error: Unable to get room cal of camera"});
     }
@@ -403,17 +395,9 @@ private slots:
         });
     }
 
-    void all_coarse_assignments_arrive_as_exact_zeros_and_ones_data()
-    {
-        QTest::addColumn<QString>("type");
-        QTest::newRow("normal") << "normal";
-        QTest::newRow("powerwall") << "powerwall";
-    }
-
     void all_coarse_assignments_arrive_as_exact_zeros_and_ones()
     {
-        QFETCH(QString, type);
-        controller->values["roomcal last_coordinate_type"] = type.toStdString();
+        controller->values["roomcal last_coordinate_type"] = "normal";
         const QRegularExpression exact("^(-?[01]\\.0{8} ){8}-?[01]\\.0{8}$");
         QSet<QString> seen;
         exec([&] {
@@ -451,40 +435,33 @@ private slots:
         });
     }
 
-    void reading_the_record_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("reply");
-        QTest::addColumn<QVector<double>>(
-            "expected"); // rotation[0], rotation[3], translation[1], scaling
-        const QString turned = "0.5 2 3 -0.25 5 6 7 8 9";
-        QTest::newRow("rotation as it stands")
-            << "tracking extra_rotation" << turned << QVector<double>{0.5, -0.25, 0.0, 1.0};
-        QTest::newRow("ten numbers: the tenth is ignored")
-            << "tracking extra_rotation" << turned + " x" << QVector<double>{0.5, -0.25, 0.0, 1.0};
-        QTest::newRow("eight numbers: identity")
-            << "tracking extra_rotation"
-            << "0.5 2 3 -0.25 5 6 7 8" << QVector<double>{1.0, 0.0, 0.0, 1.0};
-        QTest::newRow("translation with a word: all zero")
-            << "tracking extra_translation"
-            << "1 x 3" << QVector<double>{1.0, 0.0, 0.0, 1.0};
-        QTest::newRow("translation") << "tracking extra_translation"
-                                     << "1 2.125 3" << QVector<double>{1.0, 0.0, 2.125, 1.0};
-        QTest::newRow("scaling") << "tracking extra_scaling"
-                                 << "0.97" << QVector<double>{1.0, 0.0, 0.0, 0.97};
-    }
-
     void reading_the_record()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, reply);
-        controller->values[name.toStdString()] = reply.toStdString();
-        RoomAdjustmentData data;
-        dialog->getDataFromZtc(data);
-        const QVector<double> read = {data.rotation[0], data.rotation[3], data.translation[1],
-                                      data.scaling};
-        QTEST(read, "expected");
-        QCOMPARE(controller->messages().size(), std::size_t(0));
+        const char rotation[] = "tracking extra_rotation";
+        const char translation[] = "tracking extra_translation";
+        const struct
+        {
+            const char* name;
+            const char* reply;
+            double expected[4]; // rotation[0], rotation[3], translation[1], scaling
+        } rows[] = {
+            {rotation, "0.5 2 3 -0.25 5 6 7 8 9", {0.5, -0.25, 0.0, 1.0}},
+            {rotation, "0.5 2 3 -0.25 5 6 7 8 9 x", {0.5, -0.25, 0.0, 1.0}},
+            {rotation, "0.5 2 3 -0.25 5 6 7 8", {1.0, 0.0, 0.0, 1.0}},
+            {translation, "1 x 3", {1.0, 0.0, 0.0, 1.0}},
+            {translation, "1 2.125 3", {1.0, 0.0, 2.125, 1.0}},
+            {"tracking extra_scaling", "0.97", {1.0, 0.0, 0.0, 0.97}},
+        };
+        for (const auto& row : rows) {
+            init();
+            controller->values[row.name] = row.reply;
+            RoomAdjustmentData data;
+            dialog->getDataFromZtc(data);
+            const double read[4] = {data.rotation[0], data.rotation[3], data.translation[1],
+                                    data.scaling};
+            QVERIFY2(std::equal(read, read + 4, row.expected), row.reply);
+            QVERIFY(controller->messages().empty());
+        }
     }
 
     void an_old_backend_leaves_the_passed_record_alone()
