@@ -4,6 +4,7 @@
 // each way.
 #include "matching/abcmatchingdialog.h"
 #include "module/roomadjustmentdlg.h"
+#include "tests/module/prescribedmessages.h"
 #include "tests/support/dialog_driver.h"
 #include "tests/support/fake_controller.h"
 #include "tests/support/fatal_logger.h"
@@ -25,38 +26,6 @@ const char* const settings[] = {"tracking extra_rotation", "tracking extra_trans
 const std::string old_values[] = {"0.00000000 1.00000000 0.00000000 -1.00000000 0.00000000 "
                                   "0.00000000 0.00000000 0.00000000 1.00000000",
                                   "1.000 2.000 3.500", "1.01000"};
-
-/// The messages of a failed call, by the beginning of the call; an empty one is silence.
-const struct
-{
-    const char* call;
-    Log texts;
-} messages[] = {
-    {"do zetrak2 tracking start", {"Error: Unable to start tracking"}},
-    {"do zetrak2 tracking stop", {"Error: Unable to stop tracking"}},
-    {"do zetrak2 measurementtool", {"Error : Unable to start measurement tool measurement"}},
-    {"get status active", {"Error: Unable to check tracking status"}},
-    {"get camera number_of_cameras", {"Error: Unable to get number of cameras"}},
-    {"get tracking room", {"Error: Unable to get room cal of camera"}},
-    {"get tracking extra_rotation", {"", "Error: Unable to get info extra rotation"}},
-    {"get tracking extra_translation", {"", "Error: Unable to get info extra translation"}},
-    {"get tracking extra_scaling", {"", "Error: Unable to get info extra scaling"}},
-    {"set tracking extra_rotation",
-     {"Error: Unable to set room adjustment rotation", "Error: Unable to set extra rotation",
-      "Error: Unable to set extra rotation default"}},
-    {"set tracking extra_translation",
-     {"Error: Unable to set room adjustment translation", "Error: Unable to set extra translation",
-      "Error: Unable to set extra translation default"}},
-    {"set tracking extra_scaling",
-     {"Error: Unable to set room adjustment scaling", "Error: Unable to set extra scaling",
-      "Error: Unable to set extra scaling default"}},
-    {"get roomcal", {"Error: Cannot require room calibration coordinate type."}},
-    {"get measurementtool number_of_tools", {"Error : Unable to get number of measurement tools"}},
-    {"get measurementtool tip_calibrated", {"Error : Unable to get info of tip calibration"}},
-    {"get measurementtool measurement_tip_tolerance",
-     {"Error : Unable to get tip tolerance of measurement tool"}},
-    {"get ", {""}},
-};
 
 typedef RoomAdjustmentDlg2g Dialog;
 
@@ -184,11 +153,6 @@ const std::vector<Fault> faults = {
      }},
     {"box, and the module ends", false, nullptr, end},
 };
-
-bool begins_with(const std::string& text, const std::string& beginning)
-{
-    return text.compare(0, beginning.size(), beginning) == 0;
-}
 
 } // namespace
 
@@ -369,15 +333,6 @@ private:
         if (m_dialog && !stop_failed && m_controller->values["status active"] != "idle")
             return "tracking runs on";
         return m_dialog && m_dialog->isVisible() ? "still open" : "";
-    }
-
-    static bool is_prescribed(const std::string& call, const std::string& text, bool odd)
-    {
-        for (const auto& message : messages)
-            if (begins_with(call, message.call))
-                return (odd && text.empty())
-                       || std::count(message.texts.begin(), message.texts.end(), text) == 1;
-        return text.empty();
     }
 
     void note_what_is_shown()
