@@ -20,14 +20,18 @@ using vocabulary::show_error;
 namespace
 {
 
-void write_default(IOManager* io_manager)
+/// Stops if `tab` is deleted while a message is shown: its destructor has then given the controller
+/// its own values back.
+void write_default(IOManager* io_manager, QObject* tab)
 {
-    if (io_manager->set_param_value(vocabulary::set_default_rotation) != 0)
-        show_error(io_manager, vocabulary::cannot_set_default_rotation);
-    if (io_manager->set_param_value(vocabulary::set_default_translation) != 0)
-        show_error(io_manager, vocabulary::cannot_set_default_translation);
-    if (io_manager->set_param_value(vocabulary::set_default_scaling) != 0)
-        show_error(io_manager, vocabulary::cannot_set_default_scaling);
+    const char* const writes[][2] = {
+        {vocabulary::set_default_rotation, vocabulary::cannot_set_default_rotation},
+        {vocabulary::set_default_translation, vocabulary::cannot_set_default_translation},
+        {vocabulary::set_default_scaling, vocabulary::cannot_set_default_scaling}};
+    const QPointer<QObject> alive(tab);
+    for (const auto& write : writes)
+        if (alive && io_manager->set_param_value(write[0]) != 0)
+            show_error(io_manager, write[1]);
 }
 
 } // namespace
@@ -131,7 +135,7 @@ void CooTrans::saveOldExtraTrafoAndSet2Default()
     stop_tracking(io_manager);
     if (!self)
         return;
-    write_default(io_manager);
+    write_default(io_manager, this);
     if (self && !isWindowClosed())
         start_tracking(io_manager);
 }

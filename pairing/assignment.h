@@ -25,7 +25,7 @@ public:
     double solve(int n, double enough);
 
     /// What row i loses against its best choice at the present prices by taking column j.
-    double regret(int i, int j) const { return gain[i] + price[j] - profit[i][j]; }
+    double regret(int i, int j) const { return m_gain[i] + price[j] - profit[i][j]; }
 
 private:
     void find_gains();
@@ -35,16 +35,16 @@ private:
     double bound() const;
     double best_gain(int i) const;
 
-    int size;
-    double gain[capacity]; // of each row from its best column, at the present or lower prices
-    int row[capacity];     // of each column, or -1
-    int unassigned[capacity];
-    int unassigned_count;
+    int m_size;
+    double m_gain[capacity]; // of each row from its best column, at the present or lower prices
+    int m_row[capacity];     // of each column, or -1
+    int m_unassigned[capacity];
+    int m_unassigned_count;
 
     // While a path is sought:
-    double distance[capacity];
-    int previous_row[capacity];
-    int sequence[capacity]; // columns: settled ones first, in the order of their distance
+    double m_distance[capacity];
+    int m_previous_row[capacity];
+    int m_sequence[capacity]; // columns: settled ones first, in the order of their distance
 };
 
 #endif

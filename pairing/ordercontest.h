@@ -59,7 +59,7 @@ private:
         remembered = 256
     };
 
-    int n;
+    int m_n;
     SearchBudget* m_budget;
     double m_target[trafo3d_max_points][3];
     const double (*m_measured)[3];

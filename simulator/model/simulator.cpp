@@ -29,7 +29,8 @@ bool is_vocabulary(const QByteArray& request)
 
 } // namespace
 
-Simulator::Simulator(const Setup& setup) : world(setup), controller(setup, world), noise(setup.seed)
+Simulator::Simulator(const Setup& setup)
+    : world(setup), controller(setup, world), m_noise(setup.seed)
 {
 }
 
@@ -62,7 +63,7 @@ QByteArray Simulator::reply(const QByteArray& request)
 bool Simulator::set_data_port(const QByteArray& text)
 {
     const auto number = parse_integer(text, 0, max_port);
-    port = number.value_or(port);
+    m_port = number.value_or(m_port);
     return number.has_value();
 }
 
@@ -77,7 +78,7 @@ std::vector<QByteArray> Simulator::step()
     controller.begin_frame();
     std::vector<QByteArray> datagrams = faults.take_lines();
     if (controller.is_tracking())
-        datagrams.push_back(faults.torn(data_lines(controller, world, deviation, noise)));
+        datagrams.push_back(faults.torn(data_lines(controller, world, deviation, m_noise)));
     controller.end_frame();
     return datagrams;
 }

@@ -46,8 +46,8 @@ void LabelPlacer::block_line(const QPointF& from, const QPointF& to)
 
 double LabelPlacer::covered(const QRectF& candidate) const
 {
-    double sum = area(candidate) - area(candidate.intersected(bounds));
-    for (const QRectF& other : taken)
+    double sum = area(candidate) - area(candidate.intersected(m_bounds));
+    for (const QRectF& other : m_taken)
         sum += area(candidate.intersected(other));
     return sum;
 }

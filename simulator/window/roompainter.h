@@ -54,13 +54,13 @@ private:
     void block_outline(const QPolygonF& polygon);
     void mark(const QString& text, const QPointF& at, double radius, const QColor& colour);
 
-    QPainter& painter;
-    const Simulator& simulator;
-    QRectF area;
-    RoomProjection projection;
-    LabelPlacer placer;
-    std::vector<Label> labels;
-    int hovered;
+    QPainter& m_painter;
+    const Simulator& m_simulator;
+    QRectF m_area;
+    RoomProjection m_projection;
+    LabelPlacer m_placer;
+    std::vector<Label> m_labels;
+    int m_hovered;
 };
 
 } // namespace simulator

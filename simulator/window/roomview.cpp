@@ -17,7 +17,7 @@ constexpr double reach = 14.0; ///< pixels from a point's middle within which a 
 } // namespace
 
 RoomView::RoomView(const Simulator& the_simulator, QWidget* parent)
-    : QWidget(parent), simulator(the_simulator)
+    : QWidget(parent), m_simulator(the_simulator)
 {
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -30,8 +30,8 @@ int RoomView::point_at(const QPointF& place) const
     const RoomProjection projection(rect());
     int nearest = -1;
     double least = reach;
-    for (size_t i = 0; i < simulator.world.points.size(); ++i) {
-        const QPointF way = projection(simulator.world.object_point(int(i))) - place;
+    for (size_t i = 0; i < m_simulator.world.points.size(); ++i) {
+        const QPointF way = projection(m_simulator.world.object_point(int(i))) - place;
         const double distance = std::hypot(way.x(), way.y());
         if (distance <= least) {
             least = distance;
@@ -44,7 +44,7 @@ int RoomView::point_at(const QPointF& place) const
 void RoomView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    RoomPainter(painter, simulator, rect(), hovered).paint();
+    RoomPainter(painter, m_simulator, rect(), m_hovered).paint();
 }
 
 void RoomView::mousePressEvent(QMouseEvent* event)
@@ -57,9 +57,9 @@ void RoomView::mousePressEvent(QMouseEvent* event)
 void RoomView::mouseMoveEvent(QMouseEvent* event)
 {
     const int point = point_at(event->localPos());
-    if (point == hovered)
+    if (point == m_hovered)
         return;
-    hovered = point;
+    m_hovered = point;
     setCursor(point >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
     update();
 }

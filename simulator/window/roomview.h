@@ -32,8 +32,8 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
-    const Simulator& simulator;
-    int hovered = -1;
+    const Simulator& m_simulator;
+    int m_hovered = -1;
 };
 
 } // namespace simulator

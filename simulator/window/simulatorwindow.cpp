@@ -43,10 +43,10 @@ void show_checked(QCheckBox* box, bool checked)
 } // namespace
 
 SimulatorWindow::SimulatorWindow(Simulator& the_simulator, QWidget* parent)
-    : QWidget(parent), simulator(the_simulator), calibration_to_restore("normal")
+    : QWidget(parent), m_simulator(the_simulator), m_calibration_to_restore("normal")
 {
-    view = new RoomView(simulator);
-    connect(view, &RoomView::point_clicked, this,
+    m_view = new RoomView(m_simulator);
+    connect(m_view, &RoomView::point_clicked, this,
             [this](int number) { obey("sim touch " + QByteArray::number(number)); });
 
     auto* panel = new QVBoxLayout;
@@ -60,45 +60,45 @@ SimulatorWindow::SimulatorWindow(Simulator& the_simulator, QWidget* parent)
     panel_widget->setLayout(panel);
 
     auto* upper = new QHBoxLayout;
-    upper->addWidget(view, 1);
+    upper->addWidget(m_view, 1);
     upper->addWidget(panel_widget);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(upper, 1);
     layout->addWidget(make_status_lines());
-    connect(&refresh_timer, &QTimer::timeout, this, &SimulatorWindow::refresh);
-    refresh_timer.start(refresh_interval);
+    connect(&m_refresh_timer, &QTimer::timeout, this, &SimulatorWindow::refresh);
+    m_refresh_timer.start(refresh_interval);
     refresh();
 }
 
 QGroupBox* SimulatorWindow::make_tool_box()
 {
-    tool_choice = new QComboBox;
-    for (int i = 0; i < simulator.controller.tool_count(); ++i)
-        tool_choice->addItem(QString("M%1").arg(i + 1));
-    connect(tool_choice, QOverload<int>::of(&QComboBox::activated), this,
+    m_tool_choice = new QComboBox;
+    for (int i = 0; i < m_simulator.controller.tool_count(); ++i)
+        m_tool_choice->addItem(QString("M%1").arg(i + 1));
+    connect(m_tool_choice, QOverload<int>::of(&QComboBox::activated), this,
             [this](int index) { obey("sim tool " + QByteArray::number(index + 1)); });
-    measure_button = make_button("Measure", "sim measure");
-    lost_box = make_check_box("Lose the tool", "sim lose", "sim find");
+    m_measure_button = make_button("Measure", "sim measure");
+    m_lost_box = make_check_box("Lose the tool", "sim lose", "sim find");
 
     auto* hint = new QLabel("Click a numbered point\nto put the tip there.");
     auto* box = new QGroupBox("Measurement Tool in the hand");
     auto* layout = new QGridLayout(box);
-    layout->addWidget(tool_choice, 0, 0, 1, buttons_in_row);
+    layout->addWidget(m_tool_choice, 0, 0, 1, buttons_in_row);
     layout->addWidget(hint, 1, 0, 1, buttons_in_row);
-    layout->addWidget(measure_button, 2, 0, 1, buttons_in_row);
+    layout->addWidget(m_measure_button, 2, 0, 1, buttons_in_row);
     layout->addWidget(new QLabel("Buttons of the tool:"), 3, 0, 1, buttons_in_row);
     add_in_rows(layout, 4,
                 {make_held_button("1", "tool 1"), make_held_button("2", "tool 2"),
                  make_held_button("3", "tool 3")});
-    layout->addWidget(lost_box, 5, 0, 1, buttons_in_row);
-    box->setEnabled(simulator.controller.tool_count() > 0);
+    layout->addWidget(m_lost_box, 5, 0, 1, buttons_in_row);
+    box->setEnabled(m_simulator.controller.tool_count() > 0);
     return box;
 }
 
 QGroupBox* SimulatorWindow::make_stick_box()
 {
     QList<QPushButton*> buttons;
-    for (size_t i = 0; i < simulator.world.stick.pressed.size(); ++i) {
+    for (size_t i = 0; i < m_simulator.world.stick.pressed.size(); ++i) {
         const QByteArray number = QByteArray::number(int(i));
         buttons << make_held_button(number, "stick " + number);
     }
@@ -109,13 +109,14 @@ QGroupBox* SimulatorWindow::make_stick_box()
 
 QGroupBox* SimulatorWindow::make_controller_box()
 {
-    locked_box = make_check_box("Lock the configuration", "sim lock", "sim unlock");
-    calibration_button = new QPushButton;
-    connect(calibration_button, &QPushButton::clicked, this, &SimulatorWindow::toggle_calibration);
+    m_locked_box = make_check_box("Lock the configuration", "sim lock", "sim unlock");
+    m_calibration_button = new QPushButton;
+    connect(m_calibration_button, &QPushButton::clicked, this,
+            &SimulatorWindow::toggle_calibration);
     auto* box = new QGroupBox("Controller");
     auto* layout = new QVBoxLayout(box);
-    layout->addWidget(locked_box);
-    layout->addWidget(calibration_button);
+    layout->addWidget(m_locked_box);
+    layout->addWidget(m_calibration_button);
     return box;
 }
 
@@ -136,21 +137,21 @@ QGroupBox* SimulatorWindow::make_points_box()
 
 QWidget* SimulatorWindow::make_status_lines()
 {
-    tracking_label = new QLabel;
-    tip_label = new QLabel;
-    extra_label = new QLabel;
-    notice_label = new QLabel;
+    m_tracking_label = new QLabel;
+    m_tip_label = new QLabel;
+    m_extra_label = new QLabel;
+    m_notice_label = new QLabel;
     auto* state = new QHBoxLayout;
     state->setSpacing(24);
-    state->addWidget(tracking_label);
-    state->addWidget(tip_label);
+    state->addWidget(m_tracking_label);
+    state->addWidget(m_tip_label);
     state->addStretch();
-    state->addWidget(notice_label);
+    state->addWidget(m_notice_label);
     auto* lines = new QWidget;
     auto* layout = new QVBoxLayout(lines);
     layout->setContentsMargins(4, 0, 4, 0);
     layout->addLayout(state);
-    layout->addWidget(extra_label);
+    layout->addWidget(m_extra_label);
     return lines;
 }
 
@@ -188,60 +189,60 @@ void SimulatorWindow::save_points()
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString name = dialog.selectedFiles().first();
-    const QString problem = simulator.save_points(name);
+    const QString problem = m_simulator.save_points(name);
     say(problem.isEmpty() ? "saved " + name : "not saved: " + problem, problem.isEmpty());
 }
 
 void SimulatorWindow::copy_points()
 {
-    QGuiApplication::clipboard()->setText(reference_point_table(simulator.world.points));
-    say(QString("%1 points copied").arg(simulator.world.points.size()), true);
+    QGuiApplication::clipboard()->setText(reference_point_table(m_simulator.world.points));
+    say(QString("%1 points copied").arg(m_simulator.world.points.size()), true);
 }
 
 void SimulatorWindow::toggle_calibration()
 {
-    const bool take_away = simulator.controller.is_calibrated();
+    const bool take_away = m_simulator.controller.is_calibrated();
     if (take_away)
-        calibration_to_restore = simulator.controller.coordinate_type();
-    obey("sim roomcal " + (take_away ? QByteArray("none") : calibration_to_restore));
+        m_calibration_to_restore = m_simulator.controller.coordinate_type();
+    obey("sim roomcal " + (take_away ? QByteArray("none") : m_calibration_to_restore));
 }
 
 void SimulatorWindow::obey(const QByteArray& request)
 {
-    const QByteArray reply = simulator.answer(request).text;
+    const QByteArray reply = m_simulator.answer(request).text;
     say(reply.startsWith("error ") ? reply.mid(6) : QByteArray(), false);
     refresh();
 }
 
 void SimulatorWindow::say(const QString& text, bool good)
 {
-    notice_label->setStyleSheet(good ? "color: #1f7a3f" : "color: #b3264a");
-    notice_label->setText(text);
+    m_notice_label->setStyleSheet(good ? "color: #1f7a3f" : "color: #b3264a");
+    m_notice_label->setText(text);
 }
 
 void SimulatorWindow::refresh()
 {
     refresh_controls();
     refresh_status_line();
-    view->update();
+    m_view->update();
 }
 
 void SimulatorWindow::refresh_controls()
 {
-    const Tool* tool = simulator.world.held_tool();
-    tool_choice->setCurrentIndex(tool ? simulator.world.held : -1);
-    measure_button->setEnabled(tool && simulator.controller.is_tracking());
-    show_checked(lost_box, tool && tool->hidden);
-    show_checked(locked_box, simulator.controller.is_locked());
-    calibration_button->setText(simulator.controller.is_calibrated() ? "Take the calibration away"
-                                                                     : "Calibrate again");
+    const Tool* tool = m_simulator.world.held_tool();
+    m_tool_choice->setCurrentIndex(tool ? m_simulator.world.held : -1);
+    m_measure_button->setEnabled(tool && m_simulator.controller.is_tracking());
+    show_checked(m_lost_box, tool && tool->hidden);
+    show_checked(m_locked_box, m_simulator.controller.is_locked());
+    m_calibration_button->setText(
+        m_simulator.controller.is_calibrated() ? "Take the calibration away" : "Calibrate again");
 }
 
 void SimulatorWindow::refresh_status_line()
 {
-    tracking_label->setText(tracking_text(simulator));
-    tip_label->setText(tip_text(simulator));
-    extra_label->setText(extra_text(simulator.controller.extra()));
+    m_tracking_label->setText(tracking_text(m_simulator));
+    m_tip_label->setText(tip_text(m_simulator));
+    m_extra_label->setText(extra_text(m_simulator.controller.extra()));
 }
 
 } // namespace simulator

@@ -49,19 +49,19 @@ private:
     void refresh_controls();
     void refresh_status_line();
 
-    Simulator& simulator;
-    QTimer refresh_timer;
-    QByteArray calibration_to_restore;
-    RoomView* view = nullptr;
-    QComboBox* tool_choice = nullptr;
-    QPushButton* measure_button = nullptr;
-    QCheckBox* lost_box = nullptr;
-    QCheckBox* locked_box = nullptr;
-    QPushButton* calibration_button = nullptr;
-    QLabel* tracking_label = nullptr;
-    QLabel* tip_label = nullptr;
-    QLabel* extra_label = nullptr;
-    QLabel* notice_label = nullptr;
+    Simulator& m_simulator;
+    QTimer m_refresh_timer;
+    QByteArray m_calibration_to_restore;
+    RoomView* m_view = nullptr;
+    QComboBox* m_tool_choice = nullptr;
+    QPushButton* m_measure_button = nullptr;
+    QCheckBox* m_lost_box = nullptr;
+    QCheckBox* m_locked_box = nullptr;
+    QPushButton* m_calibration_button = nullptr;
+    QLabel* m_tracking_label = nullptr;
+    QLabel* m_tip_label = nullptr;
+    QLabel* m_extra_label = nullptr;
+    QLabel* m_notice_label = nullptr;
 };
 
 } // namespace simulator

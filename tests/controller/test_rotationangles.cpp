@@ -1,7 +1,7 @@
 // Laws of the room rotation over angles that hurt.
 #include "controller/rotationangles.h"
 
-#include <QtTest/QtTest>
+#include <QtTest>
 
 #include <cmath>
 #include <cstdio>
@@ -113,57 +113,35 @@ private slots:
         QCOMPARE(rz, 180.0);
     }
 
-    void beautify_data()
-    {
-        QTest::addColumn<double>("element");
-        QTest::addColumn<double>("becomes"); // NaN: all nine stay
-        const double stays = std::nan("");
-        QTest::newRow("just inside, above one") << 1.0000009 << 1.0;
-        QTest::newRow("just inside, below one") << 0.9999991 << 1.0;
-        QTest::newRow("at the limit") << 1.000001 << stays;
-        QTest::newRow("minus one") << -0.9999995 << -1.0;
-        QTest::newRow("tiny negative becomes plain zero") << -9e-7 << 0.0;
-        QTest::newRow("negative zero") << -0.0 << 0.0;
-        QTest::newRow("a little too far") << 0.00001 << stays;
-        QTest::newRow("not a number") << std::nan("1") << stays;
-        QTest::newRow("general") << 0.5 << stays;
-    }
-
     void beautify()
     {
-        QFETCH(double, element);
-        QFETCH(double, becomes);
-        double elements[9] = {1e-7, 1.0, 0.0, -1.0, 0.0, 0.0, element, 0.0, 1.0};
-        beautify_rotation(elements);
-        const bool stays = std::isnan(becomes);
-        QCOMPARE(elements[0], stays ? 1e-7 : 0.0);
-        if (!stays) {
-            QCOMPARE(elements[6], becomes);
-            QVERIFY(!std::signbit(elements[6]) || becomes != 0.0);
-        } else {
-            QVERIFY(elements[6] == element || std::isnan(element));
+        const double stays = 99.0; // all nine stay
+        const double rows[][2] = {{1.0000009, 1.0},   {0.9999991, 1.0}, {1.000001, stays},
+                                  {-0.9999995, -1.0}, {-9e-7, 0.0},     {-0.0, 0.0},
+                                  {0.00001, stays},   {0.5, stays},     {std::nan(""), stays}};
+        for (const auto& row : rows) {
+            double elements[9] = {1e-7, 1.0, 0.0, -1.0, 0.0, 0.0, row[0], 0.0, 1.0};
+            beautify_rotation(elements);
+            QCOMPARE(elements[0], row[1] == stays ? 1e-7 : 0.0);
+            if (row[1] != stays)
+                QVERIFY(elements[6] == row[1] && (row[1] != 0.0 || !std::signbit(elements[6])));
+            else
+                QVERIFY(elements[6] == row[0] || std::isnan(row[0]));
         }
-    }
-
-    void what_counts_as_default_data()
-    {
-        QTest::addColumn<QVector<double>>("elements"); // translation, rotation, scaling
-        QTest::addColumn<bool>("is_default");
-        QTest::newRow("identity") << QVector<double>{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1} << true;
-        QTest::newRow("a shift whose sum is zero passes")
-            << QVector<double>{5, -5, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1} << true;
-        QTest::newRow("a shift") << QVector<double>{0, 0.001, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1}
-                                 << false;
-        QTest::newRow("a turn about z: the diagonal tells")
-            << QVector<double>{0, 0, 0, 0, 1, 0, -1, 0, 0, 0, 0, 1, 1} << false;
-        QTest::newRow("scaled") << QVector<double>{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1.00001}
-                                << false;
     }
 
     void what_counts_as_default()
     {
-        QFETCH(QVector<double>, elements);
-        QTEST(is_default_transformation(&elements[0], &elements[3], elements[12]), "is_default");
+        // Translation, rotation, scaling. A shift whose sum is zero passes, a turn does not.
+        const double defaults[][13] = {{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1},
+                                       {5, -5, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1}};
+        const double others[][13] = {{0, 0.001, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1},
+                                     {0, 0, 0, 0, 1, 0, -1, 0, 0, 0, 0, 1, 1},
+                                     {0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 1.00001}};
+        for (const auto& row : defaults)
+            QVERIFY(is_default_transformation(row, row + 3, row[12]));
+        for (const auto& row : others)
+            QVERIFY(!is_default_transformation(row, row + 3, row[12]));
     }
 };
 

@@ -1,35 +1,9 @@
 // Ways through the dialog, with everything that is said to the controller on each.
-#include "module/roomadjustmentdlg.h"
-#include "tests/support/dialog_driver.h"
-#include "tests/support/fake_controller.h"
-#include "tests/support/fatal_logger.h"
-
-#include <QtTest/QtTest>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDoubleSpinBox>
-#include <QtWidgets/QTableView>
-
-typedef std::vector<std::string> Log;
+#include "tests/module/dialogfixture.h"
 
 namespace
 {
 
-const Log subscriptions = {"subscribe ts", "subscribe 6dmt2", "subscribe 6dmt", "subscribe 6df2",
-                           "subscribe 6df"};
-const Log unsubscriptions = {"unsubscribe ts", "unsubscribe 6dmt2", "unsubscribe 6dmt",
-                             "unsubscribe 6df2", "unsubscribe 6df"};
-const Log camera_table = {"get camera number_of_cameras", "get tracking room c01",
-                          "get tracking room c02"};
-const Log record = {"get tracking extra_rotation", "get tracking extra_translation",
-                    "get tracking extra_scaling"};
-const std::string identity_text = "1.00000000 0.00000000 0.00000000 0.00000000 1.00000000 "
-                                  "0.00000000 0.00000000 0.00000000 1.00000000";
-// -0 is what the negation of a zero offset writes; it reads back as zero.
-const Log default_settings = {"set tracking extra_rotation " + identity_text,
-                              "set tracking extra_translation -0.000 -0.000 -0.000",
-                              "set tracking extra_scaling 1.00000"};
-
-/// How often a window was brought to the front.
 class RaiseCounter : public QObject
 {
 public:
@@ -43,220 +17,16 @@ public:
     }
 };
 
-Log join(std::initializer_list<Log> parts)
-{
-    Log all;
-    for (const Log& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
-
-/// What is said at an opening, by backend version.
-Log opening(const BackendVersions& v)
-{
-    const bool v0_9 = v.major > 0 || v.minor >= 9;
-    const bool v0_16 = v.major > 0 || v.minor >= 16;
-    const bool v0_17 = v.major > 0 || v.minor >= 17;
-    const bool v1_9 = v.major > 1 || (v.major == 1 && v.minor >= 9);
-    const bool v1_18 = v.major > 1 || (v.major == 1 && v.minor >= 18);
-    Log log;
-    if (v0_17)
-        log.push_back("get tracking available");
-    log.push_back("get camera number_of_cameras");
-    for (const char* camera : {"c01", "c02"})
-        log.push_back(std::string("get tracking ") + (v1_18 ? "has_room " : "room ") + camera);
-    if (v0_9)
-        log = join({log, camera_table});
-    if (v1_9)
-        log.push_back("get config is_changeable");
-    if (v0_16) {
-        log = join({log, record, {"get licence measurementtool", "get tracking extra_scaling"}});
-        log.push_back(v1_9 ? "get roomcal last_coordinate_type" : "get roomcal coordinate_type");
-    }
-    log.push_back("do zetrak2 tracking start");
-    return join({log, subscriptions});
-}
-
 } // namespace
 
-class TestRoomAdjustmentDlg : public QObject
+class TestRoomAdjustmentDlg : public QObject, private DialogFixture
 {
     Q_OBJECT
 
 private slots:
     void initTestCase() { install_fatal_logger(); }
-
-    void init()
-    {
-        controller.reset(new FakeController);
-        versions = backend(1, 20);
-        dialog.reset(
-            new RoomAdjustmentDlg2g(controller.get(), nullptr, &versions, QString("v2.0.5")));
-    }
-
-    void cleanup()
-    {
-        close_all_dialogs();
-        dialog.reset();
-    }
-
-    void opening_by_version_data()
-    {
-        QTest::addColumn<int>("major");
-        QTest::addColumn<int>("minor");
-        QTest::addColumn<bool>("usable");
-        QTest::newRow("before the camera table") << 0 << 8 << false;
-        QTest::newRow("camera table") << 0 << 9 << false;
-        QTest::newRow("just before the extra transformation") << 0 << 15 << false;
-        QTest::newRow("extra transformation") << 0 << 16 << true;
-        QTest::newRow("tracking available") << 0 << 17 << true;
-        QTest::newRow("before the configuration lock") << 1 << 8 << true;
-        QTest::newRow("configuration lock") << 1 << 9 << true;
-        QTest::newRow("before has_room") << 1 << 17 << true;
-        QTest::newRow("has_room") << 1 << 18 << true;
-        QTest::newRow("far ahead") << 2 << 0 << true;
-    }
-
-    void opening_by_version()
-    {
-        QFETCH(int, major);
-        QFETCH(int, minor);
-        versions = backend(major, minor);
-        const Log expected = join({opening(versions), {"get status active"}, unsubscriptions});
-        const Log log = exec([this] {
-            QTEST(child<QTabWidget>("tabWidget")->isEnabled(), "usable");
-            QTEST(child<QPushButton>("btn_ok")->isEnabled(), "usable");
-            QVERIFY(!child<QPushButton>("btn_apply")->isEnabled());
-            QVERIFY(child<QPushButton>("btn_cancel")->isEnabled());
-            controller->values["status active"] = "anything but mea";
-            dialog->close();
-        });
-        compare(log, expected);
-        QCOMPARE(dialog->minimumSize(), QSize(1000, 700));
-    }
-
-    void unusable_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<int>("minor");
-        QTest::newRow("no tracking") << "tracking available"
-                                     << "no" << 20;
-        QTest::newRow("one camera with a room is not enough") << "tracking has_room c02"
-                                                              << "0" << 20;
-        QTest::newRow("no cameras") << "camera number_of_cameras"
-                                    << "0" << 20;
-        QTest::newRow("a camera that does not answer does not count") << "tracking has_room c02"
-                                                                      << "" << 20;
-        QTest::newRow("older: one camera without a room") << "tracking room c02"
-                                                          << "none" << 17;
-    }
-
-    void unusable()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, value);
-        QFETCH(int, minor);
-        versions = backend(1, minor);
-        if (value.isEmpty())
-            controller->values.erase(name.toStdString());
-        else
-            controller->values[name.toStdString()] = value.toStdString();
-        const Log log = exec([this] {
-            QVERIFY(!child<QTabWidget>("tabWidget")->isEnabled());
-            QVERIFY(!child<QPushButton>("btn_ok")->isEnabled());
-            QVERIFY(!child<QLabel>("label_error")->isVisible());
-            QTest::keyClick(dialog.get(), Qt::Key_F5);
-            QCOMPARE(child<QTabWidget>("tabWidget")->currentIndex(), 1);
-            QTest::keyClick(dialog.get(), Qt::Key_F5);
-            child<QPushButton>("btn_cancel")->click();
-        });
-        for (const std::string& entry : log)
-            QVERIFY2(entry.find("set ") != 0 && entry.find("do ") != 0, entry.c_str());
-        QCOMPARE(controller->messages().size(), std::size_t(0));
-    }
-
-    void old_backend_without_cameras_opens_with_an_empty_table()
-    {
-        versions = backend(1, 17);
-        controller->values["camera number_of_cameras"] = "0";
-        exec([this] {
-            QVERIFY(child<QTabWidget>("tabWidget")->isEnabled());
-            QCOMPARE(child<QTableView>("tableView")->model()->rowCount(), 0);
-            dialog->close();
-        });
-    }
-
-    void an_old_backend_passes_over_a_camera_that_does_not_answer()
-    {
-        versions = backend(1, 17);
-        controller->values.erase("tracking room c02");
-        exec([this] {
-            QVERIFY(child<QTabWidget>("tabWidget")->isEnabled());
-            dialog->close();
-        });
-        // Only the camera table tells.
-        QCOMPARE(controller->messages(), Log{"Error: Unable to get room cal of camera"});
-    }
-
-    void a_locked_configuration_shows_but_does_not_let()
-    {
-        controller->values["config is_changeable"] = "no";
-        controller->values["tracking extra_scaling"] =
-            "0.90000"; // makes the fine tab ask for Apply
-        controller->values["tracking extra_translation"] = "10.000 0.000 -2.500";
-        exec([this] {
-            QVERIFY(!child<QTabWidget>("tabWidget")->isEnabled());
-            QVERIFY(!child<QPushButton>("btn_apply")->isEnabled());
-            QCOMPARE(child<QDoubleSpinBox>("doubleSpinBox_x")->value(), -10.0);
-            QCOMPARE(child<QDoubleSpinBox>("doubleSpinBox_z")->value(), 2.5);
-            QVERIFY(!dialog->windowIcon().isNull());
-            child<QPushButton>("btn_cancel")->click();
-        });
-        QCOMPARE(controller->values["status active"], std::string("idle"));
-        // The lock is asked at each opening.
-        controller->values["config is_changeable"] = "yes";
-        exec([this] {
-            QVERIFY(child<QTabWidget>("tabWidget")->isEnabled());
-            dialog->close();
-        });
-    }
-
-    void camera_table()
-    {
-        controller->values["tracking room c02"] = "none";
-        controller->values["camera number_of_cameras"] = "3";
-        controller->failing = {"get tracking room c03"};
-        exec([this] {
-            const QAbstractItemModel* model = child<QTableView>("tableView")->model();
-            const char* const expected[3][4] = {{"c01", "1000.50", "-20.25", "30.13"},
-                                                {"c02", "0.00", "0.00", "0.00"},
-                                                {"c03", "0.00", "0.00", "0.00"}};
-            QCOMPARE(model->rowCount(), 3);
-            for (int row = 0; row < 3; ++row)
-                for (int column = 0; column < 4; ++column)
-                    QCOMPARE(model->index(row, column).data().toString(),
-                             QString(expected[row][column]));
-            QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QString("x [mm]"));
-            QCOMPARE(model->index(0, 1).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight));
-            dialog->close();
-        });
-        QCOMPARE(controller->messages(), Log{"Error: Unable to get room cal of camera"});
-    }
-
-    void camera_number_100_is_cut_to_two_digits()
-    {
-        controller->values["camera number_of_cameras"] = "100";
-        for (int camera = 3; camera <= 100; ++camera)
-            controller->values
-                [QString("tracking room c%1").arg(camera, 2, 10, QChar('0')).toStdString()] =
-                "none";
-        exec([this] {
-            const QAbstractItemModel* model = child<QTableView>("tableView")->model();
-            QCOMPARE(model->index(99, 0).data().toString(), QString("c10"));
-            dialog->close();
-        });
-    }
+    void init() { start(); }
+    void cleanup() { stop(); }
 
     void apply_then_cancel_brings_back_the_state_at_opening()
     {
@@ -403,17 +173,9 @@ private slots:
         });
     }
 
-    void all_coarse_assignments_arrive_as_exact_zeros_and_ones_data()
-    {
-        QTest::addColumn<QString>("type");
-        QTest::newRow("normal") << "normal";
-        QTest::newRow("powerwall") << "powerwall";
-    }
-
     void all_coarse_assignments_arrive_as_exact_zeros_and_ones()
     {
-        QFETCH(QString, type);
-        controller->values["roomcal last_coordinate_type"] = type.toStdString();
+        controller->values["roomcal last_coordinate_type"] = "normal";
         const QRegularExpression exact("^(-?[01]\\.0{8} ){8}-?[01]\\.0{8}$");
         QSet<QString> seen;
         exec([&] {
@@ -450,90 +212,6 @@ private slots:
             dialog->close();
         });
     }
-
-    void reading_the_record_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("reply");
-        QTest::addColumn<QVector<double>>(
-            "expected"); // rotation[0], rotation[3], translation[1], scaling
-        const QString turned = "0.5 2 3 -0.25 5 6 7 8 9";
-        QTest::newRow("rotation as it stands")
-            << "tracking extra_rotation" << turned << QVector<double>{0.5, -0.25, 0.0, 1.0};
-        QTest::newRow("ten numbers: the tenth is ignored")
-            << "tracking extra_rotation" << turned + " x" << QVector<double>{0.5, -0.25, 0.0, 1.0};
-        QTest::newRow("eight numbers: identity")
-            << "tracking extra_rotation"
-            << "0.5 2 3 -0.25 5 6 7 8" << QVector<double>{1.0, 0.0, 0.0, 1.0};
-        QTest::newRow("translation with a word: all zero")
-            << "tracking extra_translation"
-            << "1 x 3" << QVector<double>{1.0, 0.0, 0.0, 1.0};
-        QTest::newRow("translation") << "tracking extra_translation"
-                                     << "1 2.125 3" << QVector<double>{1.0, 0.0, 2.125, 1.0};
-        QTest::newRow("scaling") << "tracking extra_scaling"
-                                 << "0.97" << QVector<double>{1.0, 0.0, 0.0, 0.97};
-    }
-
-    void reading_the_record()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, reply);
-        controller->values[name.toStdString()] = reply.toStdString();
-        RoomAdjustmentData data;
-        dialog->getDataFromZtc(data);
-        const QVector<double> read = {data.rotation[0], data.rotation[3], data.translation[1],
-                                      data.scaling};
-        QTEST(read, "expected");
-        QCOMPARE(controller->messages().size(), std::size_t(0));
-    }
-
-    void an_old_backend_leaves_the_passed_record_alone()
-    {
-        versions = backend(0, 15);
-        RoomAdjustmentData data;
-        data.scaling = 7.0;
-        const std::size_t start = controller->log.size();
-        dialog->getDataFromZtc(data);
-        dialog->sendDataToZtc();
-        QCOMPARE(data.scaling, 7.0);
-        QCOMPARE(controller->log.size(), start);
-    }
-
-private:
-    template <typename T>
-    T* child(const char* name)
-    {
-        T* found = dialog->findChild<T*>(name);
-        if (!found)
-            qFatal("no widget %s", name);
-        return found;
-    }
-
-    /// Opens the dialog, runs `step` in its event loop, returns what was said.
-    Log exec(std::function<void()> step)
-    {
-        const std::size_t start = controller->log.size();
-        when_open<RoomAdjustmentDlg2g>([this, step](RoomAdjustmentDlg2g*) {
-            step();
-            if (QTest::currentTestFailed())
-                close_all_dialogs();
-        });
-        dialog->update_and_exec();
-        return controller->log_since(start);
-    }
-
-    static void compare(const Log& log, const Log& expected)
-    {
-        for (std::size_t i = 0; i < std::max(log.size(), expected.size()); ++i) {
-            const std::string actual = i < log.size() ? log[i] : "(nothing more)";
-            const std::string wanted = i < expected.size() ? expected[i] : "(nothing more)";
-            QCOMPARE(QString::fromStdString(actual), QString::fromStdString(wanted));
-        }
-    }
-
-    std::unique_ptr<FakeController> controller;
-    BackendVersions versions;
-    std::unique_ptr<RoomAdjustmentDlg2g> dialog;
 };
 
 QTEST_MAIN(TestRoomAdjustmentDlg)

@@ -1,10 +1,12 @@
 #include "tests/support/fake_controller.h"
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
-#include <sstream>
 
 namespace
 {
@@ -17,11 +19,23 @@ std::string format_text(const char* format, va_list arguments)
 }
 
 /// Fills a text buffer to its whole promised size, as a host may: one that is smaller gets hurt.
-void write_text(char* buffer, const char* text)
+void write_text(char* buffer, const std::string& text)
 {
-    std::memset(buffer, '#', IOManager::buffer_size - 1);
-    buffer[IOManager::buffer_size - 1] = '\0';
-    std::snprintf(buffer, IOManager::buffer_size, "%s", text);
+    std::memset(buffer, '#', IOManager::buffer_size);
+    std::memcpy(buffer, text.c_str(),
+                std::min<std::size_t>(text.size() + 1, IOManager::buffer_size));
+}
+
+/// As many numbers as there are at the beginning; a host may believe them.
+int read_numbers(const std::string& text, int count, double* numbers)
+{
+    const char* cursor = text.c_str();
+    char* end = nullptr;
+    int read = 0;
+    for (double number; read < count && (number = std::strtod(cursor, &end), end != cursor);
+         cursor = end)
+        numbers[read++] = number;
+    return read;
 }
 
 // What a failed operation leaves behind: nobody may take it for an answer.
@@ -97,15 +111,19 @@ std::vector<std::string> FakeController::sent() const
 
 bool FakeController::fails(std::string entry)
 {
-    bool failed = calls++ == failing_call;
+    bool failed = calls == failing_call || (is_faulty() && !fault.answer);
+    ++calls;
     for (const std::string& beginning : failing)
         failed = failed || begins_with(entry, beginning);
     log.push_back(failed ? entry + " -> failed" : entry);
     return failed;
 }
 
+bool FakeController::is_faulty() const { return calls >= fault.first && calls <= fault.last; }
+
 bool FakeController::answer(const std::string& name, std::string* reply)
 {
+    const bool odd = is_faulty() && fault.answer;
     if (fails("get " + name))
         return false;
     const auto found = values.find(name);
@@ -113,7 +131,9 @@ bool FakeController::answer(const std::string& name, std::string* reply)
         log.back() += " -> failed";
         return false;
     }
-    *reply = found->second;
+    *reply = odd ? fault.answer : found->second;
+    if (odd)
+        log.back() += " -> odd";
     return true;
 }
 
@@ -135,7 +155,7 @@ int FakeController::get_param_string(char* value, const char* format, ...)
     FORMATTED(text);
     std::string reply;
     const bool answered = answer(text, &reply);
-    write_text(value, answered ? reply.c_str() : text_of_failure);
+    write_text(value, answered ? reply : text_of_failure);
     return answered ? 0 : -1;
 }
 
@@ -143,8 +163,9 @@ int FakeController::get_param_int(int* value, const char* format, ...)
 {
     FORMATTED(text);
     std::string reply;
-    const bool answered = answer(text, &reply);
-    *value = answered ? std::stoi(reply) : int_of_failure;
+    double number = int_of_failure;
+    const bool answered = answer(text, &reply) && read_numbers(reply, 1, &number) == 1;
+    *value = std::isfinite(number) ? int(number) : INT_MIN;
     return answered ? 0 : 1;
 }
 
@@ -152,9 +173,8 @@ int FakeController::get_param_double(double* value, const char* format, ...)
 {
     FORMATTED(text);
     std::string reply;
-    const bool answered = answer(text, &reply);
-    *value = answered ? std::stod(reply) : double_of_failure;
-    return answered ? 0 : 1;
+    *value = double_of_failure;
+    return answer(text, &reply) && read_numbers(reply, 1, value) == 1 ? 0 : 1;
 }
 
 int FakeController::get_param_bool(bool* value, const char* format, ...)
@@ -171,12 +191,7 @@ int FakeController::get_param_doubles(double* out, int count, const char* format
     FORMATTED(text);
     std::string reply;
     std::fill(out, out + count, double_of_failure);
-    if (!answer(text, &reply))
-        return 1;
-    std::istringstream stream(reply);
-    for (int i = 0; i < count; ++i)
-        stream >> out[i];
-    return stream ? 0 : 1;
+    return answer(text, &reply) && read_numbers(reply, count, out) == count ? 0 : 1;
 }
 
 int FakeController::set_param_value(const char* format, ...)
@@ -221,5 +236,8 @@ int FakeController::show_message(const char* category, const char* source, int l
     const bool usual =
         std::string(category) == "standard" && std::string(source) == "Zetrak2" && level == 1;
     log.push_back(std::string(usual ? "message " : "odd message ") + text);
+    const std::function<void()> reaction = on_message;
+    if (reaction)
+        reaction();
     return 0;
 }

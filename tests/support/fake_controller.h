@@ -5,6 +5,7 @@
 #include "contract/backendversions.h"
 #include "contract/iomanager.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -26,6 +27,17 @@ public:
     std::vector<std::string> failing;
     /// The n-th call that can fail, counted from 0, fails; -1 is none.
     int failing_call = -1;
+    /// Calls from `first` to `last` fail, or if there is an answer, queries among them get that
+    /// one, as many as 200 characters without a terminator; their log entries then end in " ->
+    /// odd".
+    struct Fault
+    {
+        int first = -1;
+        int last = -1;
+        const char* answer = nullptr;
+    } fault;
+    /// Runs while a message is shown; may be empty.
+    std::function<void()> on_message;
     /// Calls so far that can fail.
     int calls = 0;
     /// The one that was added last.
@@ -55,6 +67,7 @@ public:
 private:
     bool fails(std::string entry);
     bool answer(const std::string& name, std::string* reply);
+    bool is_faulty() const;
 };
 
 BackendVersions backend(int major, int minor, int patch = 0);
