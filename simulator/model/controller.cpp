@@ -26,8 +26,9 @@ Vec3 operator*(const ExtraTransformation& extra, const Vec3& point)
     return extra.scaling * (extra.rotation * point + extra.translation);
 }
 
-Controller::Controller(const Setup& setup, const World& the_world)
-    : world(the_world), played(setup.version), room_data(setup.cameras, true), tools(setup.tools)
+Controller::Controller(const Setup& setup, const World& world)
+    : m_world(world), m_played(setup.version), m_room_data(setup.cameras, true),
+      m_tools(setup.tools)
 {
     calibrate(setup.coordinate_type, false);
 }
@@ -37,117 +38,123 @@ Refusal Controller::calibrate(const QByteArray& new_type, bool loaded)
     if (!is_coordinate_type(new_type))
         return "unknown coordinate type";
     stop_tracking();
-    type = new_type;
-    last_type = loaded ? QByteArray("none") : new_type;
+    m_type = new_type;
+    m_last_type = loaded ? QByteArray("none") : new_type;
     if (is_calibrated())
-        T_room_world = calibration(type, world.cameras);
+        m_T_room_world = calibration(m_type, m_world.cameras);
     return done;
 }
 
-void Controller::set_room_data(int camera, bool present) { room_data.at(camera) = present; }
+void Controller::set_room_data(int camera, bool present) { m_room_data.at(camera) = present; }
 
-bool Controller::has_room(int camera) const { return is_calibrated() && room_data.at(camera); }
+bool Controller::has_room(int camera) const { return is_calibrated() && m_room_data.at(camera); }
 
 Vec3 Controller::reported(const Vec3& world_point) const
 {
-    return extra_transformation * (T_room_world * world_point);
+    return m_extra_transformation * (m_T_room_world * world_point);
 }
 
 Mat3 Controller::reported(const Mat3& world_rotation) const
 {
-    return extra_transformation.rotation * T_room_world.rotation * world_rotation;
+    return m_extra_transformation.rotation * m_T_room_world.rotation * world_rotation;
 }
 
 Refusal Controller::set_rotation(const Mat3& rotation)
 {
-    if (locked)
+    if (m_locked)
         return config_locked;
     if (!is_rotation(rotation, rotation_tolerance))
         return "not a rotation";
-    extra_transformation.rotation = rotation;
+    m_extra_transformation.rotation = rotation;
     return done;
 }
 
 Refusal Controller::set_translation(const Vec3& t)
 {
-    if (locked)
+    if (m_locked)
         return config_locked;
     if (!within(t.x, max_translation) || !within(t.y, max_translation)
         || !within(t.z, max_translation))
         return "translation out of range";
-    extra_transformation.translation = t;
+    m_extra_transformation.translation = t;
     return done;
 }
 
 Refusal Controller::set_scaling(double scaling)
 {
-    if (locked)
+    if (m_locked)
         return config_locked;
     if (!(scaling > 0.0) || scaling > max_scaling)
         return "scaling out of range";
-    extra_transformation.scaling = scaling;
+    m_extra_transformation.scaling = scaling;
     return done;
 }
 
 void Controller::set_available(bool now_available)
 {
-    available = now_available;
-    if (!available)
+    m_available = now_available;
+    if (!m_available)
         stop_tracking();
 }
 
 Refusal Controller::start_tracking()
 {
-    if (!available)
+    if (!m_available)
         return "tracking is not available";
     if (!is_calibrated())
         return "no room calibration";
-    tracking = true;
+    m_tracking = true;
     return done;
 }
 
 void Controller::stop_tracking()
 {
-    tracking = false;
-    for (ToolState& tool : tools)
+    m_tracking = false;
+    for (ToolState& tool : m_tools)
         tool.frames_to_measure = 0;
 }
 
 void Controller::set_tip_calibrated(int index, bool calibrated)
 {
-    tools.at(index).tip_calibrated = calibrated;
+    m_tools.at(index).tip_calibrated = calibrated;
 }
 
 bool Controller::is_seen(int index) const
 {
-    return tools.at(index).tip_calibrated && !world.tools.at(index).hidden;
+    return m_tools.at(index).tip_calibrated && !m_world.tools.at(index).hidden;
 }
 
 Refusal Controller::start_measurement(int index)
 {
-    if (!tracking)
+    if (!m_tracking)
         return "tracking does not run";
-    if (!tools.at(index).tip_calibrated)
+    if (!m_tools.at(index).tip_calibrated)
         return "the tip is not calibrated";
     if (!is_seen(index))
         return "the tool is not seen";
-    ToolState& tool = tools.at(index);
+    ToolState& tool = m_tools.at(index);
     tool.frames_to_measure = int(std::ceil(tool.duration * frame_rate)) + frames_beyond_duration;
     return done;
 }
 
 void Controller::begin_frame()
 {
-    ++frame_number;
+    ++m_frame_number;
     for (int i = 0; i < tool_count(); ++i)
         if (!is_seen(i))
-            tools[i].frames_to_measure = 0;
+            m_tools[i].frames_to_measure = 0;
 }
 
-void Controller::end_frame()
+std::vector<int> Controller::end_frame()
 {
-    for (ToolState& tool : tools)
-        tool.frames_to_measure = std::max(0, tool.frames_to_measure - 1);
+    std::vector<int> complete;
+    for (size_t i = 0; i < m_tools.size(); ++i) {
+        int& left = m_tools[i].frames_to_measure;
+        if (left == 1)
+            complete.push_back(int(i));
+        left = std::max(0, left - 1);
+    }
+    return complete;
 }
 
 } // namespace simulator

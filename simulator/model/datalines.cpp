@@ -87,9 +87,9 @@ QByteArray stick_line(const Controller& controller, const World& world, double d
 
 Vec3 Noise::sample(double deviation)
 {
-    const double x = normal(generator);
-    const double y = normal(generator);
-    const double z = normal(generator);
+    const double x = m_normal(m_generator);
+    const double y = m_normal(m_generator);
+    const double z = m_normal(m_generator);
     return deviation * Vec3{x, y, z};
 }
 

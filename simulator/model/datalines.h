@@ -17,13 +17,13 @@ class Noise
 public:
     static constexpr double default_deviation = 0.1; ///< mm, per axis
 
-    explicit Noise(unsigned int seed) : generator(seed) {}
+    explicit Noise(unsigned int seed) : m_generator(seed) {}
 
     Vec3 sample(double deviation);
 
 private:
-    std::mt19937 generator;
-    std::normal_distribution<double> normal;
+    std::mt19937 m_generator;
+    std::normal_distribution<double> m_normal;
 };
 
 /// The frame's lines with a line feed behind each: frame counter, time stamp, Measurement Tools,

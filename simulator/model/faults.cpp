@@ -29,47 +29,47 @@ QByteArray without_escapes(const QByteArray& text)
 
 bool Faults::fail(const QByteArray& prefix)
 {
-    if (int(prefixes.size()) >= max_prefixes)
+    if (int(m_prefixes.size()) >= max_prefixes)
         return false;
-    prefixes.push_back(prefix);
+    m_prefixes.push_back(prefix);
     return true;
 }
 
 void Faults::fail_every(int n)
 {
-    every = n;
-    counted = 0;
+    m_every = n;
+    m_counted = 0;
 }
 
 void Faults::end_failing()
 {
-    prefixes.clear();
+    m_prefixes.clear();
     fail_every(0);
 }
 
-bool Faults::takes(const QByteArray& request, bool in_vocabulary)
+bool Faults::shall_fail(const QByteArray& request, bool in_vocabulary)
 {
-    if (in_vocabulary && every > 0 && ++counted == every) {
-        counted = 0;
+    if (in_vocabulary && m_every > 0 && ++m_counted == m_every) {
+        m_counted = 0;
         return true;
     }
-    return std::any_of(prefixes.begin(), prefixes.end(),
+    return std::any_of(m_prefixes.begin(), m_prefixes.end(),
                        [&](const QByteArray& prefix) { return request.startsWith(prefix); });
 }
 
 bool Faults::send_line(const QByteArray& text)
 {
-    if (int(lines.size()) >= max_waiting_lines || text.size() > max_line_length)
+    if (int(m_lines.size()) >= max_waiting_lines || text.size() > max_line_length)
         return false;
-    lines.push_back(without_escapes(text) + '\n');
+    m_lines.push_back(without_escapes(text) + '\n');
     return true;
 }
 
-std::vector<QByteArray> Faults::take_lines() { return std::exchange(lines, {}); }
+std::vector<QByteArray> Faults::take_lines() { return std::exchange(m_lines, {}); }
 
 QByteArray Faults::torn(const QByteArray& datagram)
 {
-    if (!std::exchange(tear, false))
+    if (!std::exchange(m_tear, false))
         return datagram;
     const QList<QByteArray> parts = datagram.split('\n');
     const auto longest =

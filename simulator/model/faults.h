@@ -23,10 +23,10 @@ public:
     void fail_every(int n);
     void end_failing();
     /// Whether this request is to fail. Counts it if it belongs to the vocabulary.
-    bool takes(const QByteArray& request, bool in_vocabulary);
+    bool shall_fail(const QByteArray& request, bool in_vocabulary);
 
-    void set_delay(int ms) { delay_ms = ms; }
-    int delay() const { return delay_ms; }
+    void set_delay(int ms) { m_delay_ms = ms; }
+    int delay() const { return m_delay_ms; }
 
     /// Has `text` sent as a line of its own, with "\n", "\0" and "\\" read as line feed, zero and
     /// backslash. False beyond a limit.
@@ -34,17 +34,17 @@ public:
     /// The lines that wait, each ending in a line feed; none wait afterwards.
     std::vector<QByteArray> take_lines();
 
-    void tear_next() { tear = true; }
+    void tear_next() { m_tear = true; }
     /// `datagram` as it is to be sent: cut inside its longest line if a tear was asked for.
     QByteArray torn(const QByteArray& datagram);
 
 private:
-    std::vector<QByteArray> prefixes;
-    std::vector<QByteArray> lines;
-    int every = 0;
-    int counted = 0;
-    int delay_ms = 0;
-    bool tear = false;
+    std::vector<QByteArray> m_prefixes;
+    std::vector<QByteArray> m_lines;
+    int m_every = 0;
+    int m_counted = 0;
+    int m_delay_ms = 0;
+    bool m_tear = false;
 };
 
 } // namespace simulator

@@ -98,6 +98,21 @@ QByteArray measure(Simulator& s, const QByteArray&)
                                : error(no_tool);
 }
 
+/// Numbers of the points, 0 for a place off all points.
+QByteArray measured(Simulator& s, const QByteArray&)
+{
+    QByteArray text;
+    for (int point : s.world.measured)
+        text += ' ' + QByteArray::number(point + 1);
+    return text.isEmpty() ? ok() : ok(text.mid(1));
+}
+
+QByteArray forget(Simulator& s, const QByteArray&)
+{
+    s.world.measured.clear();
+    return ok();
+}
+
 QByteArray hide(Simulator& s, bool hidden)
 {
     if (!s.world.held_tool())
@@ -314,6 +329,8 @@ const Action actions[] = {
     {"press", Rest::some, press},
     {"release", Rest::some, release},
     {"measure", Rest::none, measure},
+    {"measured", Rest::none, measured},
+    {"forget", Rest::none, forget},
     {"lose", Rest::none, lose},
     {"find", Rest::none, find},
     {"shake", Rest::some, shake},

@@ -29,7 +29,8 @@ bool is_vocabulary(const QByteArray& request)
 
 } // namespace
 
-Simulator::Simulator(const Setup& setup) : world(setup), controller(setup, world), noise(setup.seed)
+Simulator::Simulator(const Setup& setup)
+    : world(setup), controller(setup, world), m_noise(setup.seed)
 {
 }
 
@@ -39,7 +40,7 @@ Answer Simulator::answer(const QByteArray& request)
         return {error("not a line of printable ASCII")};
     if (request.startsWith("sim "))
         return {obey_person(*this, request.mid(int(qstrlen("sim "))))};
-    if (faults.takes(request, is_vocabulary(request)))
+    if (faults.shall_fail(request, is_vocabulary(request)))
         return {error("failed as asked for"), faults.delay()};
     return {reply(request), faults.delay()};
 }
@@ -62,7 +63,7 @@ QByteArray Simulator::reply(const QByteArray& request)
 bool Simulator::set_data_port(const QByteArray& text)
 {
     const auto number = parse_integer(text, 0, max_port);
-    port = number.value_or(port);
+    m_port = number.value_or(m_port);
     return number.has_value();
 }
 
@@ -77,8 +78,9 @@ std::vector<QByteArray> Simulator::step()
     controller.begin_frame();
     std::vector<QByteArray> datagrams = faults.take_lines();
     if (controller.is_tracking())
-        datagrams.push_back(faults.torn(data_lines(controller, world, deviation, noise)));
-    controller.end_frame();
+        datagrams.push_back(faults.torn(data_lines(controller, world, deviation, m_noise)));
+    for (int tool : controller.end_frame())
+        world.note_measurement(world.tools[size_t(tool)]);
     return datagrams;
 }
 

@@ -39,9 +39,9 @@ public:
     std::vector<QByteArray> step();
 
     /// UDP port of the loopback address that wants the data; 0 if none does.
-    int data_port() const { return port; }
-    bool is_stopped() const { return stopped; }
-    void stop() { stopped = true; }
+    int data_port() const { return m_port; }
+    bool is_stopped() const { return m_stopped; }
+    void stop() { m_stopped = true; }
     bool set_data_port(const QByteArray& text);
 
     /// Writes the object's points as a reference-point file. Returns why that failed, empty if it
@@ -61,9 +61,9 @@ public:
 private:
     QByteArray reply(const QByteArray& request);
 
-    Noise noise;
-    int port = 0;
-    bool stopped = false;
+    Noise m_noise;
+    int m_port = 0;
+    bool m_stopped = false;
 };
 
 } // namespace simulator

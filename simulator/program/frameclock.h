@@ -28,11 +28,11 @@ private:
     void step();
     void wait_for_next_frame();
 
-    Simulator& simulator;
-    QUdpSocket socket;
-    QElapsedTimer clock;
-    QTimer timer;
-    qint64 frames = 0; ///< stepped since `clock` started
+    Simulator& m_simulator;
+    QUdpSocket m_socket;
+    QElapsedTimer m_clock;
+    QTimer m_timer;
+    qint64 m_frames = 0; ///< stepped since `m_clock` started
 };
 
 } // namespace simulator

@@ -25,59 +25,59 @@ QByteArray without_line_end(QByteArray line)
 
 } // namespace
 
-LineConnection::LineConnection(QTcpSocket* the_socket, Handler the_handler, QObject* parent)
-    : QObject(parent), socket(the_socket), handler(std::move(the_handler))
+LineConnection::LineConnection(QTcpSocket* socket, Handler handler, QObject* parent)
+    : QObject(parent), m_socket(socket), m_handler(std::move(handler))
 {
-    socket->setParent(this);
-    socket->setReadBufferSize(max_line_bytes);
-    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    clock.start();
-    reply_timer.setSingleShot(true);
-    reply_timer.setTimerType(Qt::PreciseTimer);
-    connect(&reply_timer, &QTimer::timeout, this, &LineConnection::send_due_replies);
-    connect(socket, &QTcpSocket::readyRead, this, &LineConnection::read_requests);
+    m_socket->setParent(this);
+    m_socket->setReadBufferSize(max_line_bytes);
+    m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    m_clock.start();
+    m_reply_timer.setSingleShot(true);
+    m_reply_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_reply_timer, &QTimer::timeout, this, &LineConnection::send_due_replies);
+    connect(m_socket, &QTcpSocket::readyRead, this, &LineConnection::read_requests);
     // Queued: writing a reply must not re-enter the loop that reads requests.
-    connect(socket, &QTcpSocket::bytesWritten, this, &LineConnection::read_requests,
+    connect(m_socket, &QTcpSocket::bytesWritten, this, &LineConnection::read_requests,
             Qt::QueuedConnection);
-    connect(socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
+    connect(m_socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
 }
 
 bool LineConnection::may_read() const
 {
-    return socket->state() == QAbstractSocket::ConnectedState
-           && waiting.size() < max_waiting_replies && socket->bytesToWrite() < max_unsent_bytes;
+    return m_socket->state() == QAbstractSocket::ConnectedState
+           && m_waiting.size() < max_waiting_replies && m_socket->bytesToWrite() < max_unsent_bytes;
 }
 
 void LineConnection::read_requests()
 {
-    while (may_read() && socket->canReadLine())
-        enqueue(handler(without_line_end(socket->readLine())));
-    if (may_read() && socket->bytesAvailable() >= max_line_bytes && !socket->canReadLine())
+    while (may_read() && m_socket->canReadLine())
+        enqueue(m_handler(without_line_end(m_socket->readLine())));
+    if (may_read() && m_socket->bytesAvailable() >= max_line_bytes && !m_socket->canReadLine())
         refuse_long_line();
 }
 
 void LineConnection::refuse_long_line()
 {
-    socket->write("error line too long\n");
-    socket->readAll();
-    socket->disconnectFromHost();
+    m_socket->write("error line too long\n");
+    m_socket->readAll();
+    m_socket->disconnectFromHost();
 }
 
 void LineConnection::enqueue(const Answer& answer)
 {
-    waiting.push_back({clock.elapsed() + answer.delay_ms, answer.text});
-    if (!reply_timer.isActive())
+    m_waiting.push_back({m_clock.elapsed() + answer.delay_ms, answer.text});
+    if (!m_reply_timer.isActive())
         send_due_replies();
 }
 
 void LineConnection::send_due_replies()
 {
-    while (!waiting.empty() && waiting.front().due_ms <= clock.elapsed()) {
-        socket->write(waiting.front().text + '\n');
-        waiting.pop_front();
+    while (!m_waiting.empty() && m_waiting.front().due_ms <= m_clock.elapsed()) {
+        m_socket->write(m_waiting.front().text + '\n');
+        m_waiting.pop_front();
     }
-    if (!waiting.empty())
-        reply_timer.start(int(std::max<qint64>(0, waiting.front().due_ms - clock.elapsed())));
+    if (!m_waiting.empty())
+        m_reply_timer.start(int(std::max<qint64>(0, m_waiting.front().due_ms - m_clock.elapsed())));
 }
 
 } // namespace simulator

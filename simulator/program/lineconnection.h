@@ -40,11 +40,11 @@ private:
     void refuse_long_line();
     void enqueue(const Answer& answer);
 
-    QTcpSocket* socket;
-    Handler handler;
-    QElapsedTimer clock;
-    QTimer reply_timer;
-    std::deque<Waiting> waiting;
+    QTcpSocket* m_socket;
+    Handler m_handler;
+    QElapsedTimer m_clock;
+    QTimer m_reply_timer;
+    std::deque<Waiting> m_waiting;
 };
 
 } // namespace simulator

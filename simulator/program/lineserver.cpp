@@ -5,24 +5,27 @@
 namespace simulator
 {
 
-LineServer::LineServer(LineConnection::Handler the_handler, QObject* parent)
-    : QObject(parent), handler(std::move(the_handler))
+LineServer::LineServer(LineConnection::Handler handler, QObject* parent)
+    : QObject(parent), m_handler(std::move(handler))
 {
-    connect(&server, &QTcpServer::newConnection, this, &LineServer::accept_connections);
+    connect(&m_server, &QTcpServer::newConnection, this, &LineServer::accept_connections);
 }
 
-bool LineServer::listen(int port) { return server.listen(QHostAddress::LocalHost, quint16(port)); }
+bool LineServer::listen(int port)
+{
+    return m_server.listen(QHostAddress::LocalHost, quint16(port));
+}
 
 void LineServer::accept_connections()
 {
-    while (QTcpSocket* socket = server.nextPendingConnection())
+    while (QTcpSocket* socket = m_server.nextPendingConnection())
         accept(socket);
 }
 
 void LineServer::accept(QTcpSocket* socket)
 {
     if (findChildren<LineConnection*>().size() < max_connections) {
-        new LineConnection(socket, handler, this);
+        new LineConnection(socket, m_handler, this);
         return;
     }
     connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);

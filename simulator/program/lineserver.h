@@ -20,8 +20,8 @@ public:
 
     /// Listens on this port, or on one that the system chooses if it is 0. False if that fails.
     bool listen(int port);
-    QString error_text() const { return server.errorString(); }
-    int port() const { return server.serverPort(); }
+    QString error_text() const { return m_server.errorString(); }
+    int port() const { return m_server.serverPort(); }
 
 private slots:
     void accept_connections();
@@ -29,8 +29,8 @@ private slots:
 private:
     void accept(QTcpSocket* socket);
 
-    LineConnection::Handler handler;
-    QTcpServer server;
+    LineConnection::Handler m_handler;
+    QTcpServer m_server;
 };
 
 } // namespace simulator

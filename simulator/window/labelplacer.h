@@ -14,10 +14,10 @@ class LabelPlacer
 {
 public:
     /// Labels stay within `bounds`.
-    explicit LabelPlacer(const QRectF& bounds) : bounds(bounds) {}
+    explicit LabelPlacer(const QRectF& bounds) : m_bounds(bounds) {}
 
     /// No label is to cover this, as long as there is another place for it.
-    void block(const QRectF& area) { taken.push_back(area); }
+    void block(const QRectF& area) { m_taken.push_back(area); }
     void block_line(const QPointF& from, const QPointF& to);
 
     /// The nearest free place for a label of this size around a marker of this radius; it counts
@@ -27,8 +27,8 @@ public:
 private:
     double covered(const QRectF& candidate) const;
 
-    QRectF bounds;
-    std::vector<QRectF> taken;
+    QRectF m_bounds;
+    std::vector<QRectF> m_taken;
 };
 
 } // namespace simulator

@@ -2,7 +2,7 @@
 #ifndef SIMULATOR_WINDOW_ROOMPROJECTION_H
 #define SIMULATOR_WINDOW_ROOMPROJECTION_H
 
-#include "simulator/model/room.h"
+#include "simulator/model/roomlayout.h"
 
 #include <QPointF>
 #include <QRectF>
@@ -17,12 +17,12 @@ public:
     explicit RoomProjection(const QRectF& area);
 
     QPointF operator()(const Vec3& world) const;
-    double pixels(double mm) const { return mm * scale; }
+    double pixels(double mm) const { return mm * m_scale; }
     QRectF floor() const;
 
 private:
-    QPointF centre;
-    double scale; ///< pixels per mm
+    QPointF m_center;
+    double m_scale; ///< pixels per mm
 };
 
 } // namespace simulator

@@ -1,5 +1,5 @@
 #include "simulator/model/geometry.h"
-#include "simulator/model/room.h"
+#include "simulator/model/roomlayout.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QtTest>
