@@ -14,7 +14,8 @@ namespace simulator
 namespace
 {
 
-constexpr double reach = 14.0; ///< pixels from a point's middle within which a click counts
+constexpr double same_place = 0.01; ///< pixels, rounding
+constexpr double reach = 14.0;      ///< pixels from a point's middle within which a click counts
 
 double length(const QPointF& v) { return std::hypot(v.x(), v.y()); }
 
@@ -71,14 +72,13 @@ int RoomView::next_point(const QPointF& direction) const
     if (!tool)
         return -1;
     const RoomProjection projection(rect());
-    const int here = m_simulator.world.touched_point(*tool);
     int nearest = -1;
     double least = std::numeric_limits<double>::infinity();
     for (int i = 0; i < int(m_simulator.world.points.size()); ++i) {
         const QPointF way = projection(m_simulator.world.object_point(i)) - projection(tool->tip);
         const double along = QPointF::dotProduct(way, direction);
-        if (i != here && along >= length(way) * std::sqrt(0.5) && length(way) < least) {
-            least = length(way);
+        if (along > same_place && along < least) {
+            least = along;
             nearest = i;
         }
     }

@@ -42,8 +42,8 @@ protected:
 
 private:
     void point_at_mouse(int point);
-    /// The nearest point within 45 degrees of this direction of the screen, seen from the tip; -1
-    /// if there is none.
+    /// The first point that lies further in this direction of the screen than the tip, however far
+    /// to the side, so that every point can be reached; -1 if there is none.
     int next_point(const QPointF& direction) const;
     void touch(int point);
     void measure_with_space();

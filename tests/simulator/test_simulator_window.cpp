@@ -100,9 +100,8 @@ private slots:
         auto* view = window.findChild<RoomView*>();
         converse(s, "sim touch 1");
         std::set<int> reached;
-        for (int i = 0; i < 400; ++i) {
-            const Qt::Key keys[] = {Qt::Key_Left, Qt::Key_Up, Qt::Key_Right, Qt::Key_Down};
-            QTest::keyClick(view, keys[i * 7 / 5 * 3 % 4]);
+        for (int i = 0; i < 16; ++i) {
+            QTest::keyClick(view, i < 8 ? Qt::Key_Left : Qt::Key_Right);
             reached.insert(s.world.touched_point(s.world.tools[0]));
         }
         QCOMPARE(reached.size(), s.world.points.size());
