@@ -1,4 +1,4 @@
-// The tracking controller: what it has been told, and what it makes of the room.
+// The tracking controller: its settings and state, and the positions that it reports.
 #ifndef SIMULATOR_MODEL_CONTROLLER_H
 #define SIMULATOR_MODEL_CONTROLLER_H
 

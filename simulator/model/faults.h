@@ -1,4 +1,4 @@
-// Misbehaviour on request, for those who want to see how the other side takes it.
+// Faults on request, to try how a client copes with them.
 #ifndef SIMULATOR_MODEL_FAULTS_H
 #define SIMULATOR_MODEL_FAULTS_H
 

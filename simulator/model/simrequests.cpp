@@ -262,14 +262,13 @@ QByteArray state(Simulator& s, const QByteArray&)
 {
     const Controller& c = s.controller;
     const QByteArray tool = s.world.held_tool() ? tool_state(s) : QByteArray(" tool=0");
-    return ok("tracking=" + truth(c.is_tracking()) + " available=" + truth(c.is_available())
-              + " locked=" + truth(c.is_locked()) + " licence=" + truth(c.is_licensed())
-              + " roomcal=" + c.coordinate_type() + tool
-              + " noise=" + fixed(s.deviation, length_decimals)
-              + " shake=" + fixed(s.world.shake, length_decimals)
-              + " delay=" + QByteArray::number(s.faults.delay()) + " stream="
-              + QByteArray::number(s.data_port()) + " source="
-              + QByteArray::number(s.source_port) + " frame=" + QByteArray::number(c.frame()));
+    return ok(
+        "tracking=" + truth(c.is_tracking()) + " available=" + truth(c.is_available())
+        + " locked=" + truth(c.is_locked()) + " licence=" + truth(c.is_licensed()) + " roomcal="
+        + c.coordinate_type() + tool + " noise=" + fixed(s.deviation, length_decimals) + " shake="
+        + fixed(s.world.shake, length_decimals) + " delay=" + QByteArray::number(s.faults.delay())
+        + " stream=" + QByteArray::number(s.data_port()) + " source="
+        + QByteArray::number(s.source_port) + " frame=" + QByteArray::number(c.frame()));
 }
 
 /// Nothing, "every N", or the beginning of requests.
