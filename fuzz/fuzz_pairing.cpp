@@ -3,6 +3,7 @@
 #include "fuzz/support/require.h"
 #include "pairing/pointpairing.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -96,8 +97,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     evaluate_pairing(reference, reference_count, measured, measured_count, false, &free_order);
     check(ordered, reference_count, measured_count);
     check(free_order, reference_count, measured_count);
+    // The search keeps its best residual in single precision, so that an order which is worse by
+    // less than that may win.
     if (ordered.status == pairing_ok && free_order.status == pairing_ok)
-        require(!(ordered.residual < free_order.residual));
+        require(
+            !(std::max(ordered.residual, double(float(ordered.residual))) < free_order.residual));
     if (ordered.status == pairing_ok && std::isfinite(ordered.residual))
         require(free_order.status == pairing_ok);
     return 0;

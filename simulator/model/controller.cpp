@@ -26,8 +26,8 @@ Vec3 operator*(const ExtraTransformation& extra, const Vec3& point)
     return extra.scaling * (extra.rotation * point + extra.translation);
 }
 
-Controller::Controller(const Setup& setup, const World& the_world)
-    : m_world(the_world), m_played(setup.version), m_room_data(setup.cameras, true),
+Controller::Controller(const Setup& setup, const World& world)
+    : m_world(world), m_played(setup.version), m_room_data(setup.cameras, true),
       m_tools(setup.tools)
 {
     calibrate(setup.coordinate_type, false);
@@ -41,7 +41,7 @@ Refusal Controller::calibrate(const QByteArray& new_type, bool loaded)
     m_type = new_type;
     m_last_type = loaded ? QByteArray("none") : new_type;
     if (is_calibrated())
-        T_room_world = calibration(m_type, m_world.cameras);
+        m_T_room_world = calibration(m_type, m_world.cameras);
     return done;
 }
 
@@ -51,12 +51,12 @@ bool Controller::has_room(int camera) const { return is_calibrated() && m_room_d
 
 Vec3 Controller::reported(const Vec3& world_point) const
 {
-    return m_extra_transformation * (T_room_world * world_point);
+    return m_extra_transformation * (m_T_room_world * world_point);
 }
 
 Mat3 Controller::reported(const Mat3& world_rotation) const
 {
-    return m_extra_transformation.rotation * T_room_world.rotation * world_rotation;
+    return m_extra_transformation.rotation * m_T_room_world.rotation * world_rotation;
 }
 
 Refusal Controller::set_rotation(const Mat3& rotation)
@@ -145,10 +145,16 @@ void Controller::begin_frame()
             m_tools[i].frames_to_measure = 0;
 }
 
-void Controller::end_frame()
+std::vector<int> Controller::end_frame()
 {
-    for (ToolState& tool : m_tools)
-        tool.frames_to_measure = std::max(0, tool.frames_to_measure - 1);
+    std::vector<int> complete;
+    for (size_t i = 0; i < m_tools.size(); ++i) {
+        int& left = m_tools[i].frames_to_measure;
+        if (left == 1)
+            complete.push_back(int(i));
+        left = std::max(0, left - 1);
+    }
+    return complete;
 }
 
 } // namespace simulator

@@ -1,4 +1,4 @@
-// The tracking controller: what it has been told, and what it makes of the room.
+// The tracking controller: its settings and state, and the positions that it reports.
 #ifndef SIMULATOR_MODEL_CONTROLLER_H
 #define SIMULATOR_MODEL_CONTROLLER_H
 
@@ -69,7 +69,7 @@ public:
     const Pose& camera(int index) const { return m_world.cameras.at(index); }
 
     /// T_room_world; the room must be calibrated.
-    const Pose& room() const { return T_room_world; }
+    const Pose& room() const { return m_T_room_world; }
     Vec3 reported(const Vec3& world_point) const;
     Mat3 reported(const Mat3& world_rotation) const;
 
@@ -101,8 +101,9 @@ public:
 
     /// Begins the next frame: time goes on by 1 / frame_rate, lost tools stop measuring.
     void begin_frame();
-    /// Ends it: what has been reported counts towards a running measurement.
-    void end_frame();
+    /// Ends it: what has been reported counts towards a running measurement. Returns the tools
+    /// whose measurement is complete with it.
+    std::vector<int> end_frame();
     unsigned int frame() const { return m_frame_number; }
     double time_stamp() const { return double(m_frame_number) / frame_rate; }
 
@@ -111,7 +112,7 @@ private:
     Version m_played;
     QByteArray m_type;
     QByteArray m_last_type;
-    Pose T_room_world;
+    Pose m_T_room_world;
     std::vector<bool> m_room_data;
     std::vector<ToolState> m_tools;
     ExtraTransformation m_extra_transformation;

@@ -27,11 +27,11 @@ QByteArray place(const Vec3& position, const Mat3& rotation)
 
 QByteArray no_place() { return place({}, Mat3{{}}); }
 
-template <size_t Size>
-unsigned int button_bits(const std::array<bool, Size>& pressed, int first_bit)
+template <size_t size>
+unsigned int button_bits(const std::array<bool, size>& pressed, int first_bit)
 {
     unsigned int bits = 0;
-    for (size_t i = 0; i < Size; ++i)
+    for (size_t i = 0; i < size; ++i)
         bits |= unsigned(pressed[i]) << (first_bit + i);
     return bits;
 }

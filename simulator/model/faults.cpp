@@ -47,7 +47,7 @@ void Faults::end_failing()
     fail_every(0);
 }
 
-bool Faults::takes(const QByteArray& request, bool in_vocabulary)
+bool Faults::shall_fail(const QByteArray& request, bool in_vocabulary)
 {
     if (in_vocabulary && m_every > 0 && ++m_counted == m_every) {
         m_counted = 0;

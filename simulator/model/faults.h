@@ -1,4 +1,4 @@
-// Misbehaviour on request, for those who want to see how the other side takes it.
+// Faults on request, to try how a client copes with them.
 #ifndef SIMULATOR_MODEL_FAULTS_H
 #define SIMULATOR_MODEL_FAULTS_H
 
@@ -23,7 +23,7 @@ public:
     void fail_every(int n);
     void end_failing();
     /// Whether this request is to fail. Counts it if it belongs to the vocabulary.
-    bool takes(const QByteArray& request, bool in_vocabulary);
+    bool shall_fail(const QByteArray& request, bool in_vocabulary);
 
     void set_delay(int ms) { m_delay_ms = ms; }
     int delay() const { return m_delay_ms; }

@@ -98,6 +98,21 @@ QByteArray measure(Simulator& s, const QByteArray&)
                                : error(no_tool);
 }
 
+/// Numbers of the points, 0 for a place off all points.
+QByteArray measured(Simulator& s, const QByteArray&)
+{
+    QByteArray text;
+    for (int point : s.world.measured)
+        text += ' ' + QByteArray::number(point + 1);
+    return text.isEmpty() ? ok() : ok(text.mid(1));
+}
+
+QByteArray forget(Simulator& s, const QByteArray&)
+{
+    s.world.measured.clear();
+    return ok();
+}
+
 QByteArray hide(Simulator& s, bool hidden)
 {
     if (!s.world.held_tool())
@@ -247,14 +262,13 @@ QByteArray state(Simulator& s, const QByteArray&)
 {
     const Controller& c = s.controller;
     const QByteArray tool = s.world.held_tool() ? tool_state(s) : QByteArray(" tool=0");
-    return ok("tracking=" + truth(c.is_tracking()) + " available=" + truth(c.is_available())
-              + " locked=" + truth(c.is_locked()) + " licence=" + truth(c.is_licensed())
-              + " roomcal=" + c.coordinate_type() + tool
-              + " noise=" + fixed(s.deviation, length_decimals)
-              + " shake=" + fixed(s.world.shake, length_decimals)
-              + " delay=" + QByteArray::number(s.faults.delay()) + " stream="
-              + QByteArray::number(s.data_port()) + " source="
-              + QByteArray::number(s.source_port) + " frame=" + QByteArray::number(c.frame()));
+    return ok(
+        "tracking=" + truth(c.is_tracking()) + " available=" + truth(c.is_available())
+        + " locked=" + truth(c.is_locked()) + " licence=" + truth(c.is_licensed()) + " roomcal="
+        + c.coordinate_type() + tool + " noise=" + fixed(s.deviation, length_decimals) + " shake="
+        + fixed(s.world.shake, length_decimals) + " delay=" + QByteArray::number(s.faults.delay())
+        + " stream=" + QByteArray::number(s.data_port()) + " source="
+        + QByteArray::number(s.source_port) + " frame=" + QByteArray::number(c.frame()));
 }
 
 /// Nothing, "every N", or the beginning of requests.
@@ -314,6 +328,8 @@ const Action actions[] = {
     {"press", Rest::some, press},
     {"release", Rest::some, release},
     {"measure", Rest::none, measure},
+    {"measured", Rest::none, measured},
+    {"forget", Rest::none, forget},
     {"lose", Rest::none, lose},
     {"find", Rest::none, find},
     {"shake", Rest::some, shake},

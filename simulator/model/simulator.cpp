@@ -40,7 +40,7 @@ Answer Simulator::answer(const QByteArray& request)
         return {error("not a line of printable ASCII")};
     if (request.startsWith("sim "))
         return {obey_person(*this, request.mid(int(qstrlen("sim "))))};
-    if (faults.takes(request, is_vocabulary(request)))
+    if (faults.shall_fail(request, is_vocabulary(request)))
         return {error("failed as asked for"), faults.delay()};
     return {reply(request), faults.delay()};
 }
@@ -79,7 +79,8 @@ std::vector<QByteArray> Simulator::step()
     std::vector<QByteArray> datagrams = faults.take_lines();
     if (controller.is_tracking())
         datagrams.push_back(faults.torn(data_lines(controller, world, deviation, m_noise)));
-    controller.end_frame();
+    for (int tool : controller.end_frame())
+        world.note_measurement(world.tools[size_t(tool)]);
     return datagrams;
 }
 

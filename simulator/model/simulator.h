@@ -1,4 +1,4 @@
-// The whole simulator without input and output: text requests go in, datagrams come out.
+// The whole simulator as a library: answers requests and returns the datagrams to be sent.
 #ifndef SIMULATOR_MODEL_SIMULATOR_H
 #define SIMULATOR_MODEL_SIMULATOR_H
 

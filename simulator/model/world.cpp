@@ -24,6 +24,23 @@ World::World(const Setup& setup)
 
 Vec3 World::object_point(int index) const { return object * points.at(index); }
 
+int World::touched_point(const Tool& tool) const
+{
+    for (size_t i = 0; i < points.size(); ++i) {
+        const Vec3 way = object_point(int(i)) - tool.tip;
+        if (dot(way, way) <= on_point * on_point)
+            return int(i);
+    }
+    return -1;
+}
+
+void World::note_measurement(const Tool& tool)
+{
+    if (measured.size() >= max_measured)
+        measured.clear();
+    measured.push_back(touched_point(tool));
+}
+
 Tool* World::held_tool() { return tools.empty() ? nullptr : &tools[held]; }
 
 const Tool* World::held_tool() const { return tools.empty() ? nullptr : &tools[held]; }

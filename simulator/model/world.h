@@ -1,8 +1,8 @@
-// What a person in the room can touch: the object, the tools, the stick.
+// Where everything in the room is at the moment: cameras, object, tools, stick.
 #ifndef SIMULATOR_MODEL_WORLD_H
 #define SIMULATOR_MODEL_WORLD_H
 
-#include "simulator/model/room.h"
+#include "simulator/model/roomlayout.h"
 #include "simulator/model/setup.h"
 
 #include <array>
@@ -30,7 +30,14 @@ struct World
 {
     explicit World(const Setup& setup);
 
+    static constexpr int max_measured = 200;
+    static constexpr double on_point = 1.0; ///< mm; a tip that is not further off touches a point
+
     Vec3 object_point(int index) const;
+    /// The object's point, from 0, that the tip of a tool is on; -1 for none.
+    int touched_point(const Tool& tool) const;
+    /// Keeps that a measurement has just been completed there. A full list begins anew.
+    void note_measurement(const Tool& tool);
     Tool* held_tool(); ///< null if there is none
     const Tool* held_tool() const;
 
@@ -39,6 +46,8 @@ struct World
     Pose object;               ///< T_world_object
     std::vector<Tool> tools;
     Stick stick;
+    /// The points, from 0, that have been measured, in order; -1 for a place off all points.
+    std::vector<int> measured;
     int held = 0;       ///< index of the tool in the person's hand
     double shake = 0.0; ///< standard deviation of the hand's trembling, per axis
 };

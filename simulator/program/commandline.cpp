@@ -1,7 +1,7 @@
 #include "simulator/program/commandline.h"
 
 #include "simulator/model/numbers.h"
-#include "simulator/model/room.h"
+#include "simulator/model/roomlayout.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -25,6 +25,7 @@ const QCommandLineOption cameras("cameras", "Number of cameras, 0 to 200.", "N",
 const QCommandLineOption tools("tools", "Number of Measurement Tools, 0 to 20.", "N", "2");
 const QCommandLineOption backend("backend", "Backend version that is played.", "M.m.p", "1.20.0");
 const QCommandLineOption version({"v", "version"}, "Say which program this is.");
+const QCommandLineOption fresh("fresh", "Ignore where the window was and how large.");
 const QCommandLineOption port("port", "Listen on this port; 0 lets the system choose.", "N", "0");
 const QCommandLineOption
     points("points", "Where \"sim points\" saves the object's reference points.", "FILE");
@@ -40,7 +41,7 @@ void describe(QCommandLineParser& parser)
         "Plays an optical tracking controller with its room, for people without one.\n"
         "The first line on standard output says where it listens: listening 127.0.0.1:PORT");
     parser.addOptions({headless, port, cameras, tools, backend, seed, coordinate_type, points,
-                       exit_with_parent, version, help});
+                       fresh, exit_with_parent, version, help});
 }
 
 void refuse(const QCommandLineParser& parser, const QCommandLineOption& option,
@@ -104,6 +105,7 @@ CommandLine parse_command_line(const QStringList& arguments)
     CommandLine line;
     line.headless = parser.isSet(headless);
     line.exit_with_parent = parser.isSet(exit_with_parent);
+    line.fresh = parser.isSet(fresh);
     line.version = parser.isSet(version);
     line.help = parser.isSet(help);
     read_points_file(parser, line.points_file, line.problem);

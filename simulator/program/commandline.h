@@ -16,6 +16,7 @@ struct CommandLine
     bool headless = false;
     bool exit_with_parent = false; ///< end when standard input is closed
     bool help = false;
+    bool fresh = false; ///< the window is placed as at the first start
     bool version = false;
     int port = 0;        ///< 0 lets the system choose
     QString points_file; ///< where "sim points" saves; empty for the usual place

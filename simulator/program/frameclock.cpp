@@ -16,8 +16,8 @@ constexpr qint64 max_frames_at_once = 6;
 
 } // namespace
 
-FrameClock::FrameClock(Simulator& the_simulator, QObject* parent)
-    : QObject(parent), m_simulator(the_simulator)
+FrameClock::FrameClock(Simulator& simulator, QObject* parent)
+    : QObject(parent), m_simulator(simulator)
 {
     if (m_socket.bind(QHostAddress(QHostAddress::LocalHost)))
         m_simulator.source_port = m_socket.localPort();

@@ -32,7 +32,7 @@ private:
     QUdpSocket m_socket;
     QElapsedTimer m_clock;
     QTimer m_timer;
-    qint64 m_frames = 0; ///< stepped since `clock` started
+    qint64 m_frames = 0; ///< stepped since `m_clock` started
 };
 
 } // namespace simulator

@@ -25,8 +25,8 @@ QByteArray without_line_end(QByteArray line)
 
 } // namespace
 
-LineConnection::LineConnection(QTcpSocket* the_socket, Handler the_handler, QObject* parent)
-    : QObject(parent), m_socket(the_socket), m_handler(std::move(the_handler))
+LineConnection::LineConnection(QTcpSocket* socket, Handler handler, QObject* parent)
+    : QObject(parent), m_socket(socket), m_handler(std::move(handler))
 {
     m_socket->setParent(this);
     m_socket->setReadBufferSize(max_line_bytes);

@@ -5,8 +5,8 @@
 namespace simulator
 {
 
-LineServer::LineServer(LineConnection::Handler the_handler, QObject* parent)
-    : QObject(parent), m_handler(std::move(the_handler))
+LineServer::LineServer(LineConnection::Handler handler, QObject* parent)
+    : QObject(parent), m_handler(std::move(handler))
 {
     connect(&m_server, &QTcpServer::newConnection, this, &LineServer::accept_connections);
 }

@@ -6,9 +6,9 @@
 #include "simulator/program/pointsfile.h"
 #include "simulator/program/requestlabels.h"
 #include "simulator/window/simulatorwindow.h"
+#include "simulator/window/windowplace.h"
 
 #include <QApplication>
-#include <QScreen>
 #include <QSocketNotifier>
 #include <cstdio>
 #include <cstdlib>
@@ -20,7 +20,6 @@ using namespace simulator;
 namespace
 {
 
-const QSize window_size(1080, 720);
 constexpr int usage_status = 2;
 /// Tells a stop that was asked for as a fault from a window that was closed.
 constexpr int stopped_status = 3;
@@ -77,11 +76,12 @@ int early_end(const CommandLine& line)
     return usage_status;
 }
 
-std::unique_ptr<SimulatorWindow> make_window(Simulator& simulator, int port)
+std::unique_ptr<SimulatorWindow> make_window(Simulator& simulator, int port, bool fresh)
 {
     auto window = std::make_unique<SimulatorWindow>(simulator);
     window->setWindowTitle(QString("Tracking simulator - 127.0.0.1:%1").arg(port));
-    window->resize(window_size.boundedTo(window->screen()->availableSize()));
+    auto* place = new WindowPlace(*window, fresh);
+    place->setParent(window.get());
     window->show();
     return window;
 }
@@ -105,7 +105,7 @@ int run(QCoreApplication& application, const CommandLine& line)
         return EXIT_FAILURE;
     }
     FrameClock clock(simulator);
-    const auto window = line.headless ? nullptr : make_window(simulator, server.port());
+    const auto window = line.headless ? nullptr : make_window(simulator, server.port(), line.fresh);
     if (line.exit_with_parent)
         quit_when_input_closes(&application);
     std::printf("listening 127.0.0.1:%d\n", server.port());
@@ -126,6 +126,7 @@ int main(int argc, char** argv)
     else
         application = std::make_unique<QCoreApplication>(argc, argv);
     QCoreApplication::setApplicationName("tracking-simulator");
+    QCoreApplication::setOrganizationName("room-adjustment");
     const int status = early_end(line);
     return status >= 0 ? status : run(*application, line);
 }

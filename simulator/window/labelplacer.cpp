@@ -20,7 +20,7 @@ const double full_turn = 2.0 * std::acos(-1.0);
 
 double area(const QRectF& rect) { return rect.isValid() ? rect.width() * rect.height() : 0.0; }
 
-/// Centre of a label that touches the circle of this radius from outside.
+/// Center of a label that touches the circle of this radius from outside.
 QPointF beside(const QPointF& anchor, const QSizeF& size, double radius, double angle)
 {
     const QPointF direction(std::cos(angle), std::sin(angle));
@@ -29,9 +29,9 @@ QPointF beside(const QPointF& anchor, const QSizeF& size, double radius, double 
                      direction.y() * (radius + size.height() / 2));
 }
 
-QRectF around(const QPointF& centre, const QSizeF& size)
+QRectF around(const QPointF& center, const QSizeF& size)
 {
-    return {centre - QPointF(size.width() / 2, size.height() / 2), size};
+    return {center - QPointF(size.width() / 2, size.height() / 2), size};
 }
 
 } // namespace

@@ -13,23 +13,6 @@ namespace simulator
 namespace
 {
 
-const QColor background_colour("#f4f5f7");
-const QColor floor_colour("#ffffff");
-const QColor grid_colour("#e9ecf0");
-const QColor wall_colour("#8a94a3");
-const QColor text_colour("#28303b");
-const QColor quiet_colour("#7b8594");
-const QColor camera_colour("#3d4a5c");
-const QColor blind_colour("#c3c9d2");
-const QColor calibrated_colour("#4a78c2");
-const QColor adjusted_colour("#d9731a");
-const QColor object_colour("#2f8f6b");
-const QColor object_fill(47, 143, 107, 38);
-const QColor held_colour("#b3264a");
-const QColor measuring_colour("#1f9e4b");
-const QColor ring_colour("#c5e6d0");
-const QColor stick_colour("#7a4fb5");
-
 constexpr double grid_step = 500.0;   ///< mm
 constexpr double axis_length = 420.0; ///< mm
 constexpr double camera_size = 10.0;  ///< pixels, as the radii below
@@ -43,13 +26,14 @@ constexpr int max_labelled_cameras = 40;
 constexpr double leader_length = 14.0; ///< from here on a line leads from marker to label
 constexpr double legend_row = 18.0;
 constexpr double legend_inset = 14.0;
+constexpr int most_marks_shown = 4;
 constexpr double scale_bar = 1000.0; ///< mm
 
 double length(const QPointF& v) { return std::hypot(v.x(), v.y()); }
 
-QRectF square(const QPointF& centre, double radius)
+QRectF square(const QPointF& center, double radius)
 {
-    return {centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius};
+    return {center.x() - radius, center.y() - radius, 2 * radius, 2 * radius};
 }
 
 double turn(const QPointF& a, const QPointF& b, const QPointF& c)
@@ -88,12 +72,23 @@ bool changes_something(const ExtraTransformation& extra)
            || t.y != 0.0 || t.z != 0.0;
 }
 
+/// With the height of the tip above the floor, which a view from above does not show.
+QString tool_name(const Simulator& simulator, int index)
+{
+    const QString name = QString("M%1").arg(index + 1);
+    return simulator.controller.is_seen(index)
+               ? name
+                     + QString(", %1 mm high")
+                           .arg(simulator.world.tools[size_t(index)].tip.y, 0, 'f', 0)
+               : name + " lost";
+}
+
 } // namespace
 
-RoomPainter::RoomPainter(QPainter& the_painter, const Simulator& the_simulator,
-                         const QRectF& the_area, int the_hovered)
-    : m_painter(the_painter), m_simulator(the_simulator), m_area(the_area), m_projection(the_area),
-      m_placer(the_area), m_hovered(the_hovered)
+RoomPainter::RoomPainter(QPainter& painter, const Simulator& simulator, const RoomColors& colors,
+                         const QRectF& area, int pointed_at)
+    : m_painter(painter), m_simulator(simulator), m_colors(colors), m_area(area),
+      m_projection(area), m_placer(area), m_pointed_at(pointed_at)
 {
 }
 
@@ -112,10 +107,10 @@ void RoomPainter::paint()
     paint_labels();
 }
 
-void RoomPainter::mark(const QString& text, const QPointF& at, double radius, const QColor& colour)
+void RoomPainter::mark(const QString& text, const QPointF& at, double radius, const QColor& color)
 {
     m_placer.block(square(at, radius));
-    m_labels.push_back({text, at, radius, colour});
+    m_labels.push_back({text, at, radius, color});
 }
 
 void RoomPainter::block_outline(const QPolygonF& polygon)
@@ -127,20 +122,20 @@ void RoomPainter::block_outline(const QPolygonF& polygon)
 void RoomPainter::paint_floor()
 {
     const QRectF floor = m_projection.floor();
-    m_painter.fillRect(m_area, background_colour);
-    m_painter.fillRect(floor, floor_colour);
-    m_painter.setPen(QPen(grid_colour, 1));
+    m_painter.fillRect(m_area, m_colors.background);
+    m_painter.fillRect(floor, m_colors.floor);
+    m_painter.setPen(QPen(m_colors.grid, 1));
     for (double x = -room_half_width; x <= room_half_width; x += grid_step)
         m_painter.drawLine(m_projection({x, 0, -room_half_depth}),
                            m_projection({x, 0, room_half_depth}));
     for (double z = -room_half_depth; z <= room_half_depth; z += grid_step)
         m_painter.drawLine(m_projection({-room_half_width, 0, z}),
                            m_projection({room_half_width, 0, z}));
-    m_painter.setPen(QPen(wall_colour, 2));
+    m_painter.setPen(QPen(m_colors.wall, 2));
     m_painter.setBrush(Qt::NoBrush);
     m_painter.drawRect(floor);
     block_outline(floor);
-    m_painter.setPen(quiet_colour);
+    m_painter.setPen(m_colors.quiet);
     QRectF text;
     m_painter.drawText(floor.adjusted(0.3 * floor.width(), 6, 0, 0), Qt::AlignLeft | Qt::AlignTop,
                        "rear wall", &text);
@@ -152,17 +147,18 @@ void RoomPainter::paint_camera(int index)
     const Pose& pose = m_simulator.world.cameras[index];
     const QPointF at = m_projection(pose.position);
     const Vec3 view = pose.rotation.column(2);
-    const QColor colour = m_simulator.controller.has_room(index) ? camera_colour : blind_colour;
+    const QColor color =
+        m_simulator.controller.has_room(index) ? m_colors.camera : m_colors.blind_camera;
     m_painter.save();
     m_painter.translate(at);
     m_painter.rotate(std::atan2(view.z, view.x) * 180.0 / std::acos(-1.0));
     m_painter.setPen(Qt::NoPen);
-    m_painter.setBrush(colour);
+    m_painter.setBrush(color);
     m_painter.drawRoundedRect(QRectF(-camera_size, -6, 13, 12), 2, 2);
     m_painter.drawPolygon(QPolygonF({QPointF(1, 0), QPointF(11, -7), QPointF(11, 7)}));
     m_painter.restore();
     if (m_simulator.controller.camera_count() <= max_labelled_cameras)
-        mark(QString("c%1").arg(index + 1, 2, 10, QChar('0')), at, camera_size, colour);
+        mark(QString("c%1").arg(index + 1, 2, 10, QChar('0')), at, camera_size, color);
 }
 
 void RoomPainter::paint_frames()
@@ -171,55 +167,57 @@ void RoomPainter::paint_frames()
     if (!controller.is_calibrated())
         return;
     const Pose T_world_room = inverse(controller.room());
-    paint_frame(T_world_room.position, T_world_room.rotation, calibrated_colour, QString());
+    paint_frame(T_world_room.position, T_world_room.rotation, m_colors.calibrated, QString());
     if (!changes_something(controller.extra()))
         return;
     const Mat3 back = transpose(controller.extra().rotation);
     const Vec3 origin_in_room = -1.0 * (back * controller.extra().translation);
-    paint_frame(T_world_room * origin_in_room, T_world_room.rotation * back, adjusted_colour, "'");
+    paint_frame(T_world_room * origin_in_room, T_world_room.rotation * back, m_colors.adjusted,
+                "'");
 }
 
-void RoomPainter::paint_frame(const Vec3& origin, const Mat3& axes, const QColor& colour,
+void RoomPainter::paint_frame(const Vec3& origin, const Mat3& axes, const QColor& color,
                               const QString& mark)
 {
     static const char* const names[] = {"x", "y", "z"};
     for (int i = 0; i < 3; ++i)
-        paint_axis(origin, axes.column(i), colour, names[i] + mark);
+        paint_axis(origin, axes.column(i), color, names[i] + mark);
 }
 
-void RoomPainter::paint_axis(const Vec3& origin, const Vec3& direction, const QColor& colour,
+void RoomPainter::paint_axis(const Vec3& origin, const Vec3& direction, const QColor& color,
                              const QString& name)
 {
     const QPointF from = m_projection(origin);
     const QPointF to = m_projection(origin + axis_length * direction);
     if (length(to - from) > 2 * arrow_head) {
-        paint_arrow(from, to, colour);
-        mark(name, to, 1.0, colour);
+        paint_arrow(from, to, color);
+        mark(name, to, 1.0, color);
         return;
     }
-    m_painter.setPen(QPen(colour, 2));
-    m_painter.setBrush(floor_colour);
+    m_painter.setPen(QPen(color, 2));
+    m_painter.setBrush(m_colors.floor);
     m_painter.drawEllipse(from, upright_radius, upright_radius);
-    if (direction.y > 0) { // the arrow's point, or its feathers
-        m_painter.setBrush(colour);
+    // An axis that comes towards the viewer shows as a dot, one that goes away as a cross.
+    if (direction.y > 0) {
+        m_painter.setBrush(color);
         m_painter.drawEllipse(from, 1.0, 1.0);
     } else {
         const double half = upright_radius * 0.7;
         m_painter.drawLine(from + QPointF(-half, -half), from + QPointF(half, half));
         m_painter.drawLine(from + QPointF(-half, half), from + QPointF(half, -half));
     }
-    mark(name, from, upright_radius, colour);
+    mark(name, from, upright_radius, color);
 }
 
-void RoomPainter::paint_arrow(const QPointF& from, const QPointF& to, const QColor& colour)
+void RoomPainter::paint_arrow(const QPointF& from, const QPointF& to, const QColor& color)
 {
     const QPointF along = (to - from) / length(to - from);
     const QPointF across(-along.y(), along.x());
     const QPointF foot = to - arrow_head * along;
-    m_painter.setPen(QPen(colour, 2));
+    m_painter.setPen(QPen(color, 2));
     m_painter.drawLine(from, foot);
     m_painter.setPen(Qt::NoPen);
-    m_painter.setBrush(colour);
+    m_painter.setBrush(color);
     m_painter.drawPolygon(
         QPolygonF({to, foot + 0.5 * arrow_head * across, foot - 0.5 * arrow_head * across}));
     m_placer.block_line(from, to);
@@ -230,16 +228,40 @@ void RoomPainter::paint_object()
     QPolygonF points;
     for (size_t i = 0; i < m_simulator.world.points.size(); ++i)
         points << m_projection(m_simulator.world.object_point(int(i)));
-    m_painter.setPen(QPen(object_colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    m_painter.setBrush(object_fill);
+    m_painter.setPen(QPen(m_colors.object, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    m_painter.setBrush(m_colors.object_fill);
     m_painter.drawPolygon(hull(points));
     block_outline(hull(points));
-    for (int i = 0; i < points.size(); ++i) {
-        const double radius = i == m_hovered ? 1.4 * point_radius : point_radius;
-        m_painter.setBrush(i == m_hovered ? object_colour : floor_colour);
-        m_painter.drawEllipse(points[i], radius, radius);
-        mark(QString::number(i + 1), points[i], point_radius, object_colour.darker(130));
-    }
+    for (int i = 0; i < points.size(); ++i)
+        paint_point(i, points[i]);
+}
+
+/// A measured point is filled and tells the places of its measurements in their order, so that a
+/// wrong touch can be found in the table of measured points.
+void RoomPainter::paint_point(int index, const QPointF& at)
+{
+    QString name = QString::number(index + 1);
+    const QString marks = marks_of(index);
+    const bool measured = !marks.isEmpty();
+    const QColor& color = measured ? m_colors.measured : m_colors.object;
+    const double radius = index == m_pointed_at ? 1.4 * point_radius : point_radius;
+    m_painter.setPen(QPen(color, 1.5));
+    m_painter.setBrush(measured || index == m_pointed_at ? color : m_colors.floor);
+    m_painter.drawEllipse(at, radius, radius);
+    mark(measured ? name + " (" + marks + ')' : name, at, point_radius, color);
+}
+
+/// Such as "#2 #5", counted from 1; empty for a point that has not been measured.
+QString RoomPainter::marks_of(int point) const
+{
+    QStringList marks;
+    const std::vector<int>& measured = m_simulator.world.measured;
+    for (size_t i = 0; i < measured.size(); ++i)
+        if (measured[i] == point)
+            marks << '#' + QString::number(i + 1);
+    return marks.size() <= most_marks_shown
+               ? marks.join(' ')
+               : marks.mid(0, most_marks_shown - 1).join(' ') + " ... " + marks.last();
 }
 
 void RoomPainter::paint_stick()
@@ -247,10 +269,10 @@ void RoomPainter::paint_stick()
     const QPointF at = m_projection(m_simulator.world.stick.position);
     const auto& pressed = m_simulator.world.stick.pressed;
     const bool is_pressed = std::find(pressed.begin(), pressed.end(), true) != pressed.end();
-    m_painter.setPen(QPen(stick_colour, 2));
-    m_painter.setBrush(is_pressed ? stick_colour : floor_colour);
+    m_painter.setPen(QPen(m_colors.stick, 2));
+    m_painter.setBrush(is_pressed ? m_colors.stick : m_colors.floor);
     m_painter.drawRoundedRect(square(at, stick_radius), 2, 2);
-    mark("stick", at, stick_radius, stick_colour);
+    mark("stick", at, stick_radius, m_colors.stick);
 }
 
 void RoomPainter::paint_tool(int index)
@@ -259,8 +281,8 @@ void RoomPainter::paint_tool(int index)
     const bool seen = m_simulator.controller.is_seen(index);
     const QPointF at = m_projection(m_simulator.world.tools[index].tip);
     const double radius = held ? held_radius : resting_radius;
-    const QColor colour = held ? held_colour : quiet_colour;
-    m_painter.setPen(QPen(colour, 2, seen ? Qt::SolidLine : Qt::DotLine));
+    const QColor color = held ? m_colors.held : m_colors.quiet;
+    m_painter.setPen(QPen(color, 2, seen ? Qt::SolidLine : Qt::DotLine));
     m_painter.setBrush(Qt::NoBrush);
     m_painter.drawEllipse(at, radius, radius);
     if (held) {
@@ -269,7 +291,7 @@ void RoomPainter::paint_tool(int index)
     }
     if (m_simulator.controller.is_measuring(index))
         paint_measuring_ring(at, index);
-    mark(QString("M%1").arg(index + 1) + (seen ? "" : " lost"), at, 1.6 * radius, colour);
+    mark(tool_name(m_simulator, index), at, 1.6 * radius, color);
 }
 
 void RoomPainter::paint_measuring_ring(const QPointF& at, int index)
@@ -277,9 +299,9 @@ void RoomPainter::paint_measuring_ring(const QPointF& at, int index)
     const Controller::ToolState& state = m_simulator.controller.tool(index);
     const double left = state.frames_to_measure / (state.duration * frame_rate);
     constexpr int full_circle = 16 * 360; // QPainter counts sixteenths of a degree
-    m_painter.setPen(QPen(ring_colour, 3));
+    m_painter.setPen(QPen(m_colors.grid, 3));
     m_painter.drawEllipse(square(at, ring_radius));
-    m_painter.setPen(QPen(measuring_colour, 3));
+    m_painter.setPen(QPen(m_colors.good, 3));
     m_painter.drawArc(square(at, ring_radius), full_circle / 4,
                       -int(full_circle * (1.0 - std::min(left, 1.0))));
 }
@@ -289,28 +311,28 @@ void RoomPainter::paint_legend()
     const bool calibrated = m_simulator.controller.is_calibrated();
     const bool adjusted = calibrated && changes_something(m_simulator.controller.extra());
     if (calibrated)
-        paint_legend_entry(0, calibrated_colour,
+        paint_legend_entry(0, m_colors.calibrated,
                            "x y z  calibrated room, " + m_simulator.controller.coordinate_type());
     else
-        paint_legend_entry(0, held_colour, "no room calibration");
+        paint_legend_entry(0, m_colors.held, "no room calibration");
     if (adjusted)
-        paint_legend_entry(1, adjusted_colour, "x' y' z'  adjusted room");
+        paint_legend_entry(1, m_colors.adjusted, "x' y' z'  adjusted room");
 
     const QPointF left = m_projection.floor().bottomRight()
                          - QPointF(legend_inset + m_projection.pixels(scale_bar), legend_inset);
     const QPointF right = left + QPointF(m_projection.pixels(scale_bar), 0);
-    m_painter.setPen(QPen(quiet_colour, 2));
+    m_painter.setPen(QPen(m_colors.quiet, 2));
     m_painter.drawLine(left, right);
     m_painter.drawText(QRectF(left - QPointF(0, 20), right), Qt::AlignHCenter | Qt::AlignTop,
                        "1 m");
     m_placer.block(QRectF(left - QPointF(0, 20), right));
 }
 
-void RoomPainter::paint_legend_entry(double row, const QColor& colour, const QString& text)
+void RoomPainter::paint_legend_entry(double row, const QColor& color, const QString& text)
 {
     const QPointF at =
         m_projection.floor().bottomLeft() + QPointF(legend_inset, -legend_inset - row * legend_row);
-    m_painter.setPen(colour);
+    m_painter.setPen(color);
     m_painter.drawText(at, text);
     const double width = m_painter.fontMetrics().horizontalAdvance(text);
     m_placer.block(QRectF(at.x(), at.y() - legend_row, width, legend_row));
@@ -323,11 +345,11 @@ void RoomPainter::paint_labels()
         const QRectF place = m_placer.place(label.anchor, size, label.marker_radius);
         const QPointF way = place.center() - label.anchor;
         const double reach = label.marker_radius + size.width() / 2 + leader_length;
-        m_painter.setPen(QPen(quiet_colour, 1));
+        m_painter.setPen(QPen(m_colors.quiet, 1));
         if (length(way) > reach)
             m_painter.drawLine(label.anchor + way * (label.marker_radius / length(way)),
                                place.center() - way * (0.5 * size.height() / length(way)));
-        m_painter.setPen(label.colour);
+        m_painter.setPen(label.color);
         m_painter.drawText(place, Qt::AlignCenter, label.text);
     }
 }

@@ -13,14 +13,14 @@ constexpr double margin = 330.0; ///< mm around the walls, for the cameras' labe
 } // namespace
 
 RoomProjection::RoomProjection(const QRectF& area)
-    : m_centre(area.center()), m_scale(std::min(area.width() / (2.0 * (room_half_width + margin)),
+    : m_center(area.center()), m_scale(std::min(area.width() / (2.0 * (room_half_width + margin)),
                                                 area.height() / (2.0 * (room_half_depth + margin))))
 {
 }
 
 QPointF RoomProjection::operator()(const Vec3& world) const
 {
-    return m_centre + QPointF(m_scale * world.x, m_scale * world.z);
+    return m_center + QPointF(m_scale * world.x, m_scale * world.z);
 }
 
 QRectF RoomProjection::floor() const

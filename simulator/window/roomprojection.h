@@ -2,7 +2,7 @@
 #ifndef SIMULATOR_WINDOW_ROOMPROJECTION_H
 #define SIMULATOR_WINDOW_ROOMPROJECTION_H
 
-#include "simulator/model/room.h"
+#include "simulator/model/roomlayout.h"
 
 #include <QPointF>
 #include <QRectF>
@@ -21,7 +21,7 @@ public:
     QRectF floor() const;
 
 private:
-    QPointF m_centre;
+    QPointF m_center;
     double m_scale; ///< pixels per mm
 };
 

@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -25,7 +26,7 @@ namespace
 {
 
 constexpr int refresh_interval = 33; ///< ms
-constexpr int panel_width = 240;
+constexpr int panel_width = 232;
 constexpr int buttons_in_row = 3;
 
 void add_in_rows(QGridLayout* layout, int first_row, const QList<QPushButton*>& buttons)
@@ -42,18 +43,25 @@ void show_checked(QCheckBox* box, bool checked)
 
 } // namespace
 
-SimulatorWindow::SimulatorWindow(Simulator& the_simulator, QWidget* parent)
-    : QWidget(parent), m_simulator(the_simulator), m_calibration_to_restore("normal")
+SimulatorWindow::SimulatorWindow(Simulator& simulator, QWidget* parent)
+    : QWidget(parent), m_simulator(simulator), m_calibration_to_restore("normal")
 {
     m_view = new RoomView(m_simulator);
-    connect(m_view, &RoomView::point_clicked, this,
+    connect(m_view, &RoomView::touch_wanted, this,
             [this](int number) { obey("sim touch " + QByteArray::number(number)); });
+    connect(m_view, &RoomView::measure_wanted, this, [this] { obey("sim measure"); });
 
+    auto* in_front = new QCheckBox("Keep in &front");
+    in_front->setToolTip("The window stays above others, such as the matching dialog.");
+    connect(in_front, &QCheckBox::toggled, this, &SimulatorWindow::keep_in_front);
     auto* panel = new QVBoxLayout;
+    panel->setContentsMargins(0, 0, 0, 0);
+    panel->setSpacing(4);
     panel->addWidget(make_tool_box());
     panel->addWidget(make_stick_box());
     panel->addWidget(make_controller_box());
     panel->addWidget(make_points_box());
+    panel->addWidget(in_front);
     panel->addStretch();
     auto* panel_widget = new QWidget;
     panel_widget->setFixedWidth(panel_width);
@@ -67,6 +75,7 @@ SimulatorWindow::SimulatorWindow(Simulator& the_simulator, QWidget* parent)
     layout->addWidget(make_status_lines());
     connect(&m_refresh_timer, &QTimer::timeout, this, &SimulatorWindow::refresh);
     m_refresh_timer.start(refresh_interval);
+    m_view->setFocus();
     refresh();
 }
 
@@ -77,10 +86,13 @@ QGroupBox* SimulatorWindow::make_tool_box()
         m_tool_choice->addItem(QString("M%1").arg(i + 1));
     connect(m_tool_choice, QOverload<int>::of(&QComboBox::activated), this,
             [this](int index) { obey("sim tool " + QByteArray::number(index + 1)); });
-    m_measure_button = make_button("Measure", "sim measure");
-    m_lost_box = make_check_box("Lose the tool", "sim lose", "sim find");
+    m_tool_choice->setAccessibleName("Measurement Tool in the hand");
+    m_measure_button = make_button("&Measure", "sim measure");
+    m_measure_button->setToolTip("Measures where the tip is (Alt+M, or Space in the room).");
+    m_lost_box = make_check_box("&Lose the tool", "sim lose", "sim find");
+    m_lost_box->setToolTip("Hides the tool from the cameras.");
 
-    auto* hint = new QLabel("Click a numbered point\nto put the tip there.");
+    auto* hint = new QLabel("Click or key 1-9: touch\nDouble click, Space: measure");
     auto* box = new QGroupBox("Measurement Tool in the hand");
     auto* layout = new QGridLayout(box);
     layout->addWidget(m_tool_choice, 0, 0, 1, buttons_in_row);
@@ -109,7 +121,7 @@ QGroupBox* SimulatorWindow::make_stick_box()
 
 QGroupBox* SimulatorWindow::make_controller_box()
 {
-    m_locked_box = make_check_box("Lock the configuration", "sim lock", "sim unlock");
+    m_locked_box = make_check_box("Loc&k the configuration", "sim lock", "sim unlock");
     m_calibration_button = new QPushButton;
     connect(m_calibration_button, &QPushButton::clicked, this,
             &SimulatorWindow::toggle_calibration);
@@ -122,17 +134,46 @@ QGroupBox* SimulatorWindow::make_controller_box()
 
 QGroupBox* SimulatorWindow::make_points_box()
 {
-    auto* save = new QPushButton("Save as a file...");
+    auto* save = new QPushButton("&Save as a file...");
     save->setToolTip("A file of reference points, as Load in the matching dialog takes it.");
     connect(save, &QPushButton::clicked, this, &SimulatorWindow::save_points);
-    auto* copy = new QPushButton("Copy");
+    auto* copy = new QPushButton("&Copy");
     copy->setToolTip("The points as rows of a table: x, y and z parted by tabs.");
     connect(copy, &QPushButton::clicked, this, &SimulatorWindow::copy_points);
     auto* box = new QGroupBox("Reference points of the object");
-    auto* layout = new QHBoxLayout(box);
-    layout->addWidget(save);
-    layout->addWidget(copy);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(save, 1);
+    buttons->addWidget(copy);
+    auto* layout = new QVBoxLayout(box);
+    layout->addLayout(buttons);
+    layout->addLayout(make_marks_line());
     return box;
+}
+
+QHBoxLayout* SimulatorWindow::make_marks_line()
+{
+    m_forget_button = make_button("Clea&r the marks", "sim forget");
+    m_forget_button->setToolTip("#1, #2 ... beside a point say in which order it was measured.");
+    auto* line = new QHBoxLayout;
+    line->addWidget(m_forget_button);
+    return line;
+}
+
+void SimulatorWindow::keep_in_front(bool in_front)
+{
+    const QPoint place = pos();
+    setWindowFlag(Qt::WindowStaysOnTopHint, in_front); // hides the window
+    move(place);
+    show();
+}
+
+void SimulatorWindow::keyPressEvent(QKeyEvent* event)
+{
+    const int number = event->key() - Qt::Key_0;
+    if (number >= 1 && number <= 9 && !event->isAutoRepeat())
+        obey("sim touch " + QByteArray::number(number));
+    else
+        QWidget::keyPressEvent(event);
 }
 
 QWidget* SimulatorWindow::make_status_lines()
@@ -141,12 +182,17 @@ QWidget* SimulatorWindow::make_status_lines()
     m_tip_label = new QLabel;
     m_extra_label = new QLabel;
     m_notice_label = new QLabel;
+    // The window may be narrower than what they say.
+    for (QLabel* label : {m_tip_label, m_extra_label, m_notice_label}) {
+        label->setWordWrap(true);
+        label->setMinimumWidth(1);
+    }
+    m_notice_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* state = new QHBoxLayout;
     state->setSpacing(24);
     state->addWidget(m_tracking_label);
-    state->addWidget(m_tip_label);
-    state->addStretch();
-    state->addWidget(m_notice_label);
+    state->addWidget(m_tip_label, 3);
+    state->addWidget(m_notice_label, 2);
     auto* lines = new QWidget;
     auto* layout = new QVBoxLayout(lines);
     layout->setContentsMargins(4, 0, 4, 0);
@@ -159,6 +205,8 @@ QPushButton* SimulatorWindow::make_held_button(const QString& text, const QByteA
 {
     auto* button = new QPushButton(text);
     button->setMinimumWidth(40);
+    button->setToolTip("Holds the button down as long as it is pressed here.");
+    button->setAccessibleName("Button of the " + what);
     connect(button, &QPushButton::pressed, this, [this, what] { obey("sim press " + what); });
     connect(button, &QPushButton::released, this, [this, what] { obey("sim release " + what); });
     return button;
@@ -216,7 +264,7 @@ void SimulatorWindow::obey(const QByteArray& request)
 
 void SimulatorWindow::say(const QString& text, bool good)
 {
-    m_notice_label->setStyleSheet(good ? "color: #1f7a3f" : "color: #b3264a");
+    m_notice_good = good;
     m_notice_label->setText(text);
 }
 
@@ -232,6 +280,7 @@ void SimulatorWindow::refresh_controls()
     const Tool* tool = m_simulator.world.held_tool();
     m_tool_choice->setCurrentIndex(tool ? m_simulator.world.held : -1);
     m_measure_button->setEnabled(tool && m_simulator.controller.is_tracking());
+    m_forget_button->setEnabled(!m_simulator.world.measured.empty());
     show_checked(m_lost_box, tool && tool->hidden);
     show_checked(m_locked_box, m_simulator.controller.is_locked());
     m_calibration_button->setText(
@@ -240,7 +289,11 @@ void SimulatorWindow::refresh_controls()
 
 void SimulatorWindow::refresh_status_line()
 {
-    m_tracking_label->setText(tracking_text(m_simulator));
+    const RoomColors colors(palette());
+    QPalette notice = palette();
+    notice.setColor(QPalette::WindowText, m_notice_good ? colors.good : colors.bad);
+    m_notice_label->setPalette(notice);
+    m_tracking_label->setText(tracking_text(m_simulator, colors));
     m_tip_label->setText(tip_text(m_simulator));
     m_extra_label->setText(extra_text(m_simulator.controller.extra()));
 }

@@ -8,6 +8,7 @@
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -27,6 +28,10 @@ public:
     /// `simulator` must outlive the window.
     explicit SimulatorWindow(Simulator& simulator, QWidget* parent = nullptr);
 
+protected:
+    /// Keys 1 to 9 touch points wherever the focus is, unless what has it takes them.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private slots:
     void refresh();
 
@@ -37,14 +42,16 @@ private:
     QGroupBox* make_points_box();
     void save_points();
     void copy_points();
+    QHBoxLayout* make_marks_line();
     QWidget* make_status_lines();
+    void keep_in_front(bool in_front);
     /// A button that presses and releases a button of the room, such as "tool 1".
     QPushButton* make_held_button(const QString& text, const QByteArray& what);
     QPushButton* make_button(const QString& text, const QByteArray& request);
     QCheckBox* make_check_box(const QString& text, const QByteArray& on, const QByteArray& off);
     void toggle_calibration();
     void obey(const QByteArray& request);
-    /// The outcome of what was done last; red if it failed.
+    /// The outcome of what was done last.
     void say(const QString& text, bool good);
     void refresh_controls();
     void refresh_status_line();
@@ -62,6 +69,8 @@ private:
     QLabel* m_tip_label = nullptr;
     QLabel* m_extra_label = nullptr;
     QLabel* m_notice_label = nullptr;
+    QPushButton* m_forget_button = nullptr;
+    bool m_notice_good = true; ///< what was done last has succeeded
 };
 
 } // namespace simulator

@@ -17,9 +17,9 @@ constexpr int axis_decimals = 2;
 constexpr int scaling_decimals = 5;
 constexpr double smallest_angle = 0.005; ///< degrees; shown as zero below
 
-QString lamp(const char* colour, const QString& text)
+QString lamp(const QColor& color, const QString& text)
 {
-    return QString("<span style='color:%1'>&#9679;</span> <b>%2</b>").arg(colour, text);
+    return QString("<span style='color:%1'>&#9679;</span> <b>%2</b>").arg(color.name(), text);
 }
 
 double angle_of(const Mat3& rotation)
@@ -57,14 +57,14 @@ QString rotation_text(const Mat3& rotation)
 
 } // namespace
 
-QString tracking_text(const Simulator& simulator)
+QString tracking_text(const Simulator& simulator, const RoomColors& colors)
 {
     const Controller& controller = simulator.controller;
     if (!controller.is_tracking())
-        return lamp("#9aa3af", "idle");
+        return lamp(colors.quiet, "idle");
     if (!simulator.world.tools.empty() && controller.is_measuring(simulator.world.held))
-        return lamp("#1f9e4b", "measuring");
-    return lamp("#1f9e4b", "tracking");
+        return lamp(colors.good, "measuring");
+    return lamp(colors.good, "tracking");
 }
 
 QString tip_text(const Simulator& simulator)

@@ -4,13 +4,15 @@
 
 #include "simulator/model/simulator.h"
 
+#include "simulator/window/roomcolors.h"
+
 #include <QString>
 
 namespace simulator
 {
 
-/// Rich text: whether tracking runs, and what the held tool does.
-QString tracking_text(const Simulator& simulator);
+/// Rich text: whether tracking runs, and what the held tool does, with a lamp in one of the colors.
+QString tracking_text(const Simulator& simulator, const RoomColors& colors);
 
 /// The held tool's tip as it is reported, without noise.
 QString tip_text(const Simulator& simulator);

@@ -1,5 +1,4 @@
-#include "simulator/model/geometry.h"
-#include "simulator/model/room.h"
+#include "simulator/model/roomlayout.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QtTest>
@@ -11,11 +10,6 @@ namespace
 {
 
 double length(const Vec3& v) { return std::sqrt(dot(v, v)); }
-
-double largest_difference(const Vec3& a, const Vec3& b)
-{
-    return std::max({std::abs(a.x - b.x), std::abs(a.y - b.y), std::abs(a.z - b.z)});
-}
 
 } // namespace
 
@@ -31,47 +25,46 @@ private slots:
     {
         const std::vector<Vec3> points = object_points();
         QVERIFY(points.size() >= 8);
-        std::vector<Vec3> triangles; // side lengths in order
+        std::vector<std::array<double, 3>> triangles; // side lengths in order
         for (size_t i = 0; i < points.size(); ++i)
             for (size_t j = 0; j < i; ++j)
                 for (size_t k = 0; k < j; ++k) {
-                    double sides[] = {length(points[i] - points[j]), length(points[j] - points[k]),
-                                      length(points[k] - points[i])};
-                    std::sort(std::begin(sides), std::end(sides));
-                    triangles.push_back({sides[0], sides[1], sides[2]});
+                    triangles.push_back({length(points[i] - points[j]),
+                                         length(points[j] - points[k]),
+                                         length(points[k] - points[i])});
+                    std::sort(triangles.back().begin(), triangles.back().end());
                 }
-        double least = 1e9;
         for (size_t a = 0; a < triangles.size(); ++a)
-            for (size_t b = 0; b < a; ++b)
-                least = std::min(least, largest_difference(triangles[a], triangles[b]));
-        qInfo("the most similar triangles differ by %.1f mm", least);
-        QVERIFY(least > 2.0);
+            for (size_t b = 0; b < a; ++b) {
+                double most = 0.0;
+                for (size_t k = 0; k < 3; ++k)
+                    most = std::max(most, std::abs(triangles[a][k] - triangles[b][k]));
+                QVERIFY(most > 2.0);
+            }
     }
 
     void the_object_stands_in_the_room_for_every_seed()
     {
-        for (unsigned int seed = 0; seed < 200; ++seed) {
-            const Pose T_world_object = place_object(seed);
+        for (unsigned int seed = 0; seed < 200; ++seed)
             for (const Vec3& point : object_points()) {
-                const Vec3 p = T_world_object * point;
+                const Vec3 p = place_object(seed) * point;
                 QVERIFY(p.y > 0.0 && std::abs(p.x) < room_half_width
                         && std::abs(p.z) < room_half_depth);
             }
-        }
         QVERIFY(length(place_object(1).position - place_object(2).position) > 1.0);
     }
 
     void cameras_hang_on_the_walls_and_look_inside()
     {
-        for (int count : {0, 1, 2, 4, 7, 200}) {
+        for (int count : {0, 1, 7, 200}) {
             const std::vector<Pose> cameras = mount_cameras(count);
             QCOMPARE(int(cameras.size()), count);
             for (const Pose& camera : cameras) {
-                QVERIFY(is_rotation(camera.rotation, 1e-12));
                 const double out_of_middle =
                     std::max(std::abs(camera.position.x) / room_half_width,
                              std::abs(camera.position.z) / room_half_depth);
                 QVERIFY(std::abs(out_of_middle - 1.0) < 1e-12);
+                QVERIFY(is_rotation(camera.rotation, 1e-12));
                 QVERIFY(dot(camera.rotation.column(2), Vec3{} - camera.position) > 0.0);
             }
         }
@@ -79,19 +72,16 @@ private slots:
 
     void calibrations_put_axes_and_origin()
     {
-        const Vec3 y_up = {0, 1, 0}; // a step upwards, in room coordinates
         const std::tuple<const char*, Vec3, Vec3> table[] = {
-            {"normal", {0, 0, 0}, {0, 0, 1}},
-            {"powerwall", {0, 1200, -room_half_depth}, y_up},
-            {"powerwall_standing", {0, 0, -room_half_depth}, y_up},
-            {"mid_camera", {0, 2300, -room_half_depth}, y_up}};
+            {"normal", {0, 0, 0}, {0, 0, 1}}, // the origin in the world, and a step upwards
+            {"powerwall", {0, 1200, -room_half_depth}, {0, 1, 0}},
+            {"powerwall_standing", {0, 0, -room_half_depth}, {0, 1, 0}},
+            {"mid_camera", {0, 2300, -room_half_depth}, {0, 1, 0}}};
         for (const auto& [type, origin, above] : table) {
             const Pose T_room_world = calibration(type, mount_cameras(6));
-            const auto off = [&, o = origin](const Vec3& step, const Vec3& expected) {
-                return largest_difference(T_room_world * (o + step), expected);
-            };
-            QVERIFY2(off({}, {}) < 1e-9, type);
-            QVERIFY2(off({0, 1, 0}, above) < 1e-9 && off({1, 0, 0}, {1, 0, 0}) < 1e-9, type);
+            QVERIFY2(length(T_room_world * origin) < 1e-9, type);
+            QVERIFY2(length(T_room_world * (origin + Vec3{0, 1, 0}) - above) < 1e-9, type);
+            QVERIFY2(length(T_room_world * (origin + Vec3{1, 0, 0}) - Vec3{1, 0, 0}) < 1e-9, type);
             QVERIFY2(is_rotation(T_room_world.rotation, 1e-12), type);
         }
     }

@@ -3,12 +3,18 @@
 #include "simulator/window/roomview.h"
 #include "simulator/window/simulatorwindow.h"
 #include "simulator/window/statustexts.h"
+#include "simulator/window/windowplace.h"
 #include "tests/simulator/conversation.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QSettings>
+#include <QStandardPaths>
+#include <set>
 
 using namespace simulator;
 
@@ -19,7 +25,7 @@ template <typename Button>
 Button* button(const QWidget& window, const QString& text)
 {
     for (Button* candidate : window.findChildren<Button*>())
-        if (candidate->text() == text)
+        if (candidate->text().remove('&') == text)
             return candidate;
     return nullptr;
 }
@@ -51,6 +57,100 @@ private slots:
             }
             QCOMPARE(view->point_at({5, 5}), -1);
         }
+    }
+
+    void one_gesture_or_key_touches_and_measures()
+    {
+        Simulator s({});
+        SimulatorWindow window(s);
+        window.resize(900, 700);
+        window.show();
+        converse(s, "do tracking start; sim duration 0.001");
+        auto* view = window.findChild<RoomView*>();
+        const auto at = [&](int i) {
+            return RoomProjection(view->rect())(s.world.object_point(i)).toPoint();
+        };
+        const auto measured = [&](const char* numbers) {
+            for (int i = 0; i < 5; ++i)
+                s.step();
+            return s.answer("sim measured").text == numbers;
+        };
+        QTest::mouseDClick(view, Qt::LeftButton, {}, QPoint(5, 5));
+        QVERIFY(measured("ok"));
+        QTest::mouseClick(view, Qt::LeftButton, {}, at(2));
+        QTest::mouseDClick(view, Qt::LeftButton, {}, at(2));
+        QVERIFY(measured("ok 3"));
+        QTest::keyClick(button<QPushButton>(window, "Measure"), Qt::Key_6);
+        QTest::keyClick(view, Qt::Key_Space);
+        QVERIFY(measured("ok 3 6"));
+        QTest::mouseMove(view, at(0));
+        QTest::keyClick(view, Qt::Key_Space);
+        QVERIFY(measured("ok 3 6 1"));
+        converse(s, "sim move 0 0 0; sim measure");
+        QVERIFY(measured("ok 3 6 1 0"));
+        button<QPushButton>(window, "Clear the marks")->click();
+        QVERIFY(measured("ok"));
+    }
+
+    void arrows_reach_every_point()
+    {
+        Simulator s({});
+        SimulatorWindow window(s);
+        window.show();
+        auto* view = window.findChild<RoomView*>();
+        converse(s, "sim touch 1");
+        std::set<int> reached;
+        for (int i = 0; i < 16; ++i) {
+            QTest::keyClick(view, i < 8 ? Qt::Key_Left : Qt::Key_Right);
+            reached.insert(s.world.touched_point(s.world.tools[0]));
+        }
+        QCOMPARE(reached.size(), s.world.points.size());
+    }
+
+    void colors_can_be_read_on_every_palette()
+    {
+        for (const auto& [window, base, text] : {std::tuple("#efefef", "#ffffff", "#000000"),
+                                                 std::tuple("#2d2d30", "#1e1e1e", "#ebebeb"),
+                                                 std::tuple("#000000", "#000000", "#ffff00"),
+                                                 std::tuple("#d4d0c8", "#e0e0d8", "#202020")}) {
+            QPalette palette;
+            palette.setColor(QPalette::Window, window);
+            palette.setColor(QPalette::Base, base);
+            palette.setColor(QPalette::Text, text);
+            const RoomColors c(palette);
+            for (const QColor& color :
+                 {c.wall, c.text, c.quiet, c.camera, c.blind_camera, c.calibrated, c.adjusted,
+                  c.object, c.measured, c.held, c.stick, c.good, c.bad})
+                QVERIFY2(contrast(color, c.floor) >= 4.5 && contrast(color, c.background) >= 4.5,
+                         qPrintable(color.name() + " on " + window));
+        }
+        QVERIFY(std::abs(contrast("#777777", "#ffffff") - 4.48) < 0.01); // as WCAG gives it
+    }
+
+    void the_window_stands_where_it_was()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        QCoreApplication::setOrganizationName("room-adjustment-test");
+        QSettings().clear();
+        for (const auto& [fresh, kept] : {std::pair(false, false), {false, true}, {true, false}}) {
+            QWidget window;
+            WindowPlace place(window, fresh);
+            window.show();
+            QCOMPARE(window.size() == QSize(411, 333), kept);
+            QVERIFY(window.screen()->geometry().contains(window.geometry()));
+            window.resize(411, 333);
+            QTRY_VERIFY(QSettings().contains("window/geometry"));
+        }
+    }
+
+    void the_points_can_be_pasted()
+    {
+        Simulator s({});
+        SimulatorWindow window(s);
+        button<QPushButton>(window, "Copy")->click();
+        const QStringList rows = QGuiApplication::clipboard()->text().split('\n');
+        QCOMPARE(rows.size(), int(s.world.points.size()) + 1);
+        QCOMPARE(rows[1], QString("480.40\t-62.25\t35.50"));
     }
 
     void buttons_do_what_they_say()
@@ -124,7 +224,7 @@ private slots:
             converse(s, rotation, "set tracking extra_rotation ");
             QVERIFY2(extra_text(s.controller.extra()).contains(text), text);
         }
-        QVERIFY(tracking_text(s).contains("idle"));
+        QVERIFY(tracking_text(s, RoomColors(QPalette())).contains("idle"));
         converse(s, "sim lose");
         QCOMPARE(tip_text(s), QString("tip: not seen"));
     }

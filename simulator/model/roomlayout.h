@@ -1,6 +1,6 @@
-// The room as it stands: cameras on its walls, the object in it, and how it can be calibrated.
-#ifndef SIMULATOR_MODEL_ROOM_H
-#define SIMULATOR_MODEL_ROOM_H
+// How the room is laid out: cameras on its walls, the object in it, and how it can be calibrated.
+#ifndef SIMULATOR_MODEL_ROOMLAYOUT_H
+#define SIMULATOR_MODEL_ROOMLAYOUT_H
 
 #include "simulator/model/geometry.h"
 

@@ -1,4 +1,4 @@
-#include "simulator/model/room.h"
+#include "simulator/model/roomlayout.h"
 
 #include <algorithm>
 #include <cmath>
