@@ -8,22 +8,6 @@
         <translation>Tracking Control</translation>
     </message>
     <message>
-        <source>M&amp;essages</source>
-        <translation>M&amp;eldungen</translation>
-    </message>
-    <message>
-        <source>Messages of the modules appear here.</source>
-        <translation>Hier erscheinen Meldungen der Module.</translation>
-    </message>
-    <message>
-        <source>Con&amp;troller traffic</source>
-        <translation>Con&amp;troller-Verkehr</translation>
-    </message>
-    <message>
-        <source>Requests to the controller and its replies appear here.</source>
-        <translation>Hier erscheinen Anfragen an den Controller und seine Antworten.</translation>
-    </message>
-    <message>
         <source>&amp;File</source>
         <translation>&amp;Datei</translation>
     </message>
@@ -70,6 +54,33 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
     <message>
         <source>Start the simulator again</source>
         <translation>Simulator neu starten</translation>
+    </message>
+    <message>
+        <source>Save &amp;messages...</source>
+        <translation>&amp;Meldungen speichern...</translation>
+    </message>
+    <message>
+        <source>Save &amp;traffic...</source>
+        <translation>Controller-&amp;Verkehr speichern...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>MessagePane</name>
+    <message>
+        <source>Messages of the modules appear here.</source>
+        <translation>Hier erscheinen Meldungen der Module.</translation>
+    </message>
+    <message>
+        <source>M&amp;essages</source>
+        <translation>M&amp;eldungen</translation>
     </message>
 </context>
 <context>
@@ -194,6 +205,76 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
     <message>
         <source>not tracking</source>
         <translation>kein Tracking</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficModel</name>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Request</source>
+        <translation>Anfrage</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>Antwort</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>ok</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>nicht gesendet</translation>
+    </message>
+    <message>
+        <source>unknown outcome</source>
+        <translation>Ausgang unbekannt</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficPane</name>
+    <message>
+        <source>Show &amp;queries</source>
+        <translation>&amp;Abfragen zeigen</translation>
+    </message>
+    <message>
+        <source>Controller traffic</source>
+        <translation>Controller-Verkehr</translation>
+    </message>
+    <message>
+        <source>Con&amp;troller traffic</source>
+        <translation>Con&amp;troller-Verkehr</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>&amp;Leeren</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern...</translation>
     </message>
 </context>
 <context>

@@ -8,22 +8,6 @@
         <translation>Tracking Control</translation>
     </message>
     <message>
-        <source>M&amp;essages</source>
-        <translation>メッセージ(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Messages of the modules appear here.</source>
-        <translation>モジュールのメッセージがここに表示されます。</translation>
-    </message>
-    <message>
-        <source>Con&amp;troller traffic</source>
-        <translation>コントローラーとの通信(&amp;T)</translation>
-    </message>
-    <message>
-        <source>Requests to the controller and its replies appear here.</source>
-        <translation>コントローラーへの要求と応答がここに表示されます。</translation>
-    </message>
-    <message>
         <source>&amp;File</source>
         <translation>ファイル(&amp;F)</translation>
     </message>
@@ -70,6 +54,33 @@ Loads modules, passes their texts to the controller and delivers its tracking da
     <message>
         <source>Start the simulator again</source>
         <translation>シミュレーターを再起動</translation>
+    </message>
+    <message>
+        <source>Save &amp;messages...</source>
+        <translation>メッセージを保存(&amp;M)...</translation>
+    </message>
+    <message>
+        <source>Save &amp;traffic...</source>
+        <translation>通信を保存(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>テキストファイル (*.txt);;すべてのファイル (*)</translation>
+    </message>
+</context>
+<context>
+    <name>MessagePane</name>
+    <message>
+        <source>Messages of the modules appear here.</source>
+        <translation>モジュールのメッセージがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>M&amp;essages</source>
+        <translation>メッセージ(&amp;E)</translation>
     </message>
 </context>
 <context>
@@ -194,6 +205,76 @@ Loads modules, passes their texts to the controller and delivers its tracking da
     <message>
         <source>not tracking</source>
         <translation>トラッキング停止中</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficModel</name>
+    <message>
+        <source>Outcome</source>
+        <translation>結果</translation>
+    </message>
+    <message>
+        <source>Request</source>
+        <translation>要求</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>応答</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>回数</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>拒否</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>未送信</translation>
+    </message>
+    <message>
+        <source>unknown outcome</source>
+        <translation>結果不明</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficPane</name>
+    <message>
+        <source>Show &amp;queries</source>
+        <translation>問い合わせを表示(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Controller traffic</source>
+        <translation>コントローラー通信</translation>
+    </message>
+    <message>
+        <source>Con&amp;troller traffic</source>
+        <translation>コントローラーとの通信(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>消去(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>保存(&amp;S)...</translation>
     </message>
 </context>
 <context>

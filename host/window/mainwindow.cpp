@@ -2,67 +2,31 @@
 
 #include "host/window/colors.h"
 #include "host/window/hosticon.h"
+#include "host/window/messagepane.h"
+#include "host/window/trafficpane.h"
 
 #include <QApplication>
-#include <QFontDatabase>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSaveFile>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTime>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace
 {
 
-constexpr int message_lines = 500;
-constexpr int traffic_lines = 2000;
 constexpr int fault_level = 1;
 constexpr QSize initial_size(1040, 720);
 
 const char fault_property[] = "isFault";
 const char time_format[] = "HH:mm:ss.zzz";
-
-QPlainTextEdit* create_pane(const QString& title, const QString& hint, int lines,
-                            QSplitter* splitter)
-{
-    auto* box = new QWidget(splitter);
-    auto* layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 6, 6, 0);
-    auto* pane = new QPlainTextEdit(box);
-    pane->setReadOnly(true);
-    pane->setLineWrapMode(QPlainTextEdit::NoWrap);
-    pane->setMaximumBlockCount(lines);
-    pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    pane->setPlaceholderText(hint);
-    auto* label = new QLabel(title, box);
-    label->setBuddy(pane);
-    layout->addWidget(label);
-    layout->addWidget(pane);
-    return pane;
-}
-
-QString reply_text(const Reply& reply)
-{
-    const QString text = QString::fromLatin1(reply.text);
-    switch (reply.outcome) {
-    case Reply::done:
-        return text.isEmpty() ? QStringLiteral("ok") : QStringLiteral("ok  %1").arg(text);
-    case Reply::refused:
-        return QStringLiteral("ERROR  %1").arg(text);
-    case Reply::not_sent:
-        return QStringLiteral("NOT SENT  %1").arg(text);
-    case Reply::unknown:
-        break;
-    }
-    return QStringLiteral("UNKNOWN OUTCOME  %1").arg(text);
-}
 
 } // namespace
 
@@ -104,32 +68,25 @@ void MainWindow::remove_elements()
 void MainWindow::add_message(const QString& category, const QString& source, int level,
                              const QString& text)
 {
-    QTextCharFormat format;
-    if (level >= fault_level)
-        format.setForeground(colors_for(palette()).fault);
-    m_messages->setCurrentCharFormat(format);
-    m_messages->appendPlainText(QStringLiteral("%1  %2 (%3)  %4")
-                                    .arg(QTime::currentTime().toString(QLatin1String(time_format)),
-                                         source, category, text));
+    m_messages->add(
+        QStringLiteral("%1  %2 (%3)  %4")
+            .arg(QTime::currentTime().toString(QLatin1String(time_format)), source, category, text),
+        level >= fault_level);
     if (QApplication::activeModalWidget())
         m_notices.add(source, text, level >= fault_level);
 }
 
 void MainWindow::add_exchange(const Exchange& exchange)
 {
-    QTextCharFormat format;
-    if (!exchange.reply.ok())
-        format.setForeground(colors_for(palette()).fault);
-    m_traffic->setCurrentCharFormat(format);
-    m_traffic->appendPlainText(QStringLiteral("%1  %2  ->  %3  (%4 ms)")
-                                   .arg(exchange.time.toString(QLatin1String(time_format)),
-                                        QString::fromLatin1(exchange.request),
-                                        reply_text(exchange.reply))
-                                   .arg(exchange.milliseconds));
-    if (!exchange.reply.ok() && QApplication::activeModalWidget())
+    m_traffic->add(exchange);
+    // Of a query that fails the module speaks itself.
+    const bool changes = exchange.request.startsWith("set ") || exchange.request.startsWith("do ");
+    if (changes && !exchange.reply.ok() && QApplication::activeModalWidget())
         m_notices.add(tr("Controller"),
-                      QStringLiteral("%1\n%2").arg(QString::fromLatin1(exchange.request),
-                                                   reply_text(exchange.reply)),
+                      QStringLiteral("%1 (%2): %3")
+                          .arg(TrafficModel::verdict_text(exchange.reply),
+                               QString::fromLatin1(exchange.reply.text),
+                               QString::fromLatin1(exchange.request)),
                       true);
 }
 
@@ -186,13 +143,9 @@ void MainWindow::set_mode_text(const QString& text)
 void MainWindow::create_panes()
 {
     auto* splitter = new QSplitter(Qt::Vertical, this);
-    m_messages = create_pane(tr("M&essages"), tr("Messages of the modules appear here."),
-                             message_lines, splitter);
-    m_messages->setObjectName(QStringLiteral("messages"));
-    m_traffic = create_pane(tr("Con&troller traffic"),
-                            tr("Requests to the controller and its replies appear here."),
-                            traffic_lines, splitter);
-    m_traffic->setObjectName(QStringLiteral("traffic"));
+    m_messages = new MessagePane(splitter);
+    m_traffic = new TrafficPane(splitter);
+    connect(m_traffic, &TrafficPane::save_wanted, this, [this] { save(m_traffic->text()); });
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 3);
     setCentralWidget(splitter);
@@ -205,6 +158,8 @@ void MainWindow::create_own_menus()
         m_messages->clear();
         m_traffic->clear();
     });
+    file_menu->addAction(tr("Save &messages..."), this, [this] { save(m_messages->text()); });
+    file_menu->addAction(tr("Save &traffic..."), this, [this] { save(m_traffic->text()); });
     file_menu->addSeparator();
     file_menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
     m_help_menu = menuBar()->addMenu(tr("&Help"));
@@ -238,6 +193,17 @@ QAction* MainWindow::menu_after(int rank) const
         if (place.rank > rank)
             return place.menu->menuAction();
     return m_help_menu->menuAction();
+}
+
+void MainWindow::save(const QString& text)
+{
+    const QString name = QFileDialog::getSaveFileName(this, tr("Save"), QString(),
+                                                      tr("Text files (*.txt);;All files (*)"));
+    if (name.isEmpty())
+        return;
+    QSaveFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0 || !file.commit())
+        QMessageBox::warning(this, tr("Save"), file.errorString());
 }
 
 void MainWindow::show_about()

@@ -14,8 +14,9 @@
 
 class QLabel;
 class QMenu;
-class QPlainTextEdit;
 class QPushButton;
+class MessagePane;
+class TrafficPane;
 
 /// Menus and entries stand in the order of their ranks, whatever order the modules come in; equal
 /// ranks keep the order of arrival. The panes keep a bounded number of lines.
@@ -63,11 +64,12 @@ private:
     QLabel* create_status_label();
     ModuleMenu& menu_for(const _GuiElement& element);
     QAction* menu_after(int rank) const;
+    void save(const QString& text);
     void show_about();
     void color_status(QLabel* label, bool is_fault);
 
-    QPlainTextEdit* m_messages = nullptr;
-    QPlainTextEdit* m_traffic = nullptr;
+    MessagePane* m_messages = nullptr;
+    TrafficPane* m_traffic = nullptr;
     QLabel* m_controller_label = nullptr;
     QLabel* m_data_label = nullptr;
     QLabel* m_mode_label = nullptr;
