@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>FirstVisit</name>
+    <message>
+        <source>Save the &amp;points for me</source>
+        <translation>&amp;Punkte für mich speichern</translation>
+    </message>
+    <message>
+        <source>Your first visit</source>
+        <translation>Ihr erster Besuch</translation>
+    </message>
+    <message>
+        <source>Close the first visit</source>
+        <translation>Den ersten Besuch schließen</translation>
+    </message>
+    <message>
+        <source>Close; the menu Help brings it back</source>
+        <translation>Schließen; das Menü Hilfe bringt es zurück</translation>
+    </message>
+    <message>
+        <source>1. Save the object&apos;s reference points in the simulator&apos;s window.</source>
+        <translation>1. Speichern Sie die Referenzpunkte des Objekts im Fenster des Simulators.</translation>
+    </message>
+    <message>
+        <source>1. The object&apos;s reference points are in %1.</source>
+        <translation>1. Die Referenzpunkte des Objekts stehen in %1.</translation>
+    </message>
+    <message>
+        <source>2. Open Calibration / Room adjustment (Shift+F5), tab &quot;Fine&quot;.</source>
+        <translation>2. Öffnen Sie Kalibrierung / Raumjustierung (Umschalt+F5), Reiter &quot;Fein&quot;.</translation>
+    </message>
+    <message>
+        <source>3. Press Start, then load the file of the reference points.</source>
+        <translation>3. Drücken Sie Start und laden Sie die Datei der Referenzpunkte.</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there: %1 of %2.</source>
+        <translation>4. Berühren Sie im Fenster des Simulators jeden Punkt des Objekts und messen Sie ihn dort: %1 von %2.</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there.</source>
+        <translation>4. Berühren Sie im Fenster des Simulators jeden Punkt des Objekts und messen Sie ihn dort.</translation>
+    </message>
+    <message>
+        <source>5. Accept the result with OK, then press Apply.</source>
+        <translation>5. Nehmen Sie das Ergebnis mit OK an und drücken Sie dann Übernehmen.</translation>
+    </message>
+    <message>
+        <source>6. Touch point 1 again: the simulator shows the tip at 0.0 0.0 0.0, because the room now begins there.</source>
+        <translation>6. Berühren Sie Punkt 1 noch einmal: Der Simulator zeigt die Spitze bei 0.0 0.0 0.0, denn dort beginnt der Raum jetzt.</translation>
+    </message>
+    <message>
+        <source>Done: </source>
+        <translation>Erledigt: </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Tracking Control</source>
@@ -70,6 +125,14 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
     <message>
         <source>Text files (*.txt);;All files (*)</source>
         <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;First visit</source>
+        <translation>&amp;Erster Besuch</translation>
+    </message>
+    <message>
+        <source>First visit</source>
+        <translation>Erster Besuch</translation>
     </message>
 </context>
 <context>
@@ -146,6 +209,10 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
     <message>
         <source>The controller does not answer</source>
         <translation>Der Controller antwortet nicht</translation>
+    </message>
+    <message>
+        <source>The points were not saved: %1</source>
+        <translation>Die Punkte wurden nicht gespeichert: %1</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
+    <name>FirstVisit</name>
+    <message>
+        <source>Save the &amp;points for me</source>
+        <translation>点を保存(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Your first visit</source>
+        <translation>はじめての方へ</translation>
+    </message>
+    <message>
+        <source>Close the first visit</source>
+        <translation>はじめての方へを閉じる</translation>
+    </message>
+    <message>
+        <source>Close; the menu Help brings it back</source>
+        <translation>閉じる (ヘルプメニューで再表示)</translation>
+    </message>
+    <message>
+        <source>1. Save the object&apos;s reference points in the simulator&apos;s window.</source>
+        <translation>1. シミュレーターのウィンドウで物体の基準点を保存します。</translation>
+    </message>
+    <message>
+        <source>1. The object&apos;s reference points are in %1.</source>
+        <translation>1. 物体の基準点は %1 にあります。</translation>
+    </message>
+    <message>
+        <source>2. Open Calibration / Room adjustment (Shift+F5), tab &quot;Fine&quot;.</source>
+        <translation>2. キャリブレーション / ルーム調整 (Shift+F5) を開き、微調整タブを選びます。</translation>
+    </message>
+    <message>
+        <source>3. Press Start, then load the file of the reference points.</source>
+        <translation>3. 開始を押し、基準点のファイルを読み込みます。</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there: %1 of %2.</source>
+        <translation>4. シミュレーターのウィンドウで物体の各点に触れて測定します: %2 点中 %1 点。</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there.</source>
+        <translation>4. シミュレーターのウィンドウで物体の各点に触れて測定します。</translation>
+    </message>
+    <message>
+        <source>5. Accept the result with OK, then press Apply.</source>
+        <translation>5. OK で結果を採用し、適用を押します。</translation>
+    </message>
+    <message>
+        <source>6. Touch point 1 again: the simulator shows the tip at 0.0 0.0 0.0, because the room now begins there.</source>
+        <translation>6. もう一度点 1 に触れると、シミュレーターの先端は 0.0 0.0 0.0 になります。ルームの原点がそこに移ったためです。</translation>
+    </message>
+    <message>
+        <source>Done: </source>
+        <translation>完了: </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Tracking Control</source>
@@ -70,6 +125,14 @@ Loads modules, passes their texts to the controller and delivers its tracking da
     <message>
         <source>Text files (*.txt);;All files (*)</source>
         <translation>テキストファイル (*.txt);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>&amp;First visit</source>
+        <translation>はじめての方へ(&amp;F)</translation>
+    </message>
+    <message>
+        <source>First visit</source>
+        <translation>はじめての方へ</translation>
     </message>
 </context>
 <context>
@@ -146,6 +209,10 @@ Loads modules, passes their texts to the controller and delivers its tracking da
     <message>
         <source>The controller does not answer</source>
         <translation>コントローラーが応答しません</translation>
+    </message>
+    <message>
+        <source>The points were not saved: %1</source>
+        <translation>点は保存されませんでした: %1</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "host/window/mainwindow.h"
 
 #include "host/window/colors.h"
+#include "host/window/firstvisit.h"
 #include "host/window/hosticon.h"
 #include "host/window/messagepane.h"
 #include "host/window/trafficpane.h"
@@ -13,9 +14,11 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTime>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -26,6 +29,8 @@ constexpr int fault_level = 1;
 constexpr QSize initial_size(1040, 720);
 
 const char fault_property[] = "isFault";
+const char geometry_key[] = "window/geometry";
+const char visit_key[] = "visit/dismissed";
 const char time_format[] = "HH:mm:ss.zzz";
 
 } // namespace
@@ -36,6 +41,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     setWindowTitle(tr("Tracking Control"));
     setWindowIcon(host_icon());
     resize(initial_size);
+    create_first_visit();
     create_panes();
     create_own_menus();
     m_controller_label = create_status_label();
@@ -79,6 +85,7 @@ void MainWindow::add_message(const QString& category, const QString& source, int
 void MainWindow::add_exchange(const Exchange& exchange)
 {
     m_traffic->add(exchange);
+    m_first_visit->notice_exchange(exchange);
     // Of a query that fails the module speaks itself.
     const bool changes = exchange.request.startsWith("set ") || exchange.request.startsWith("do ");
     if (changes && !exchange.reply.ok() && QApplication::activeModalWidget())
@@ -115,6 +122,25 @@ void MainWindow::offer_restart(bool offered)
         });
 }
 
+void MainWindow::remember(bool fresh)
+{
+    m_remembers = true;
+    const QSettings settings;
+    if (!fresh)
+        restoreGeometry(settings.value(geometry_key).toByteArray());
+    m_visit_action->setChecked(fresh || !settings.value(visit_key).toBool());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    QMainWindow::closeEvent(event);
+    if (!m_remembers)
+        return;
+    QSettings settings;
+    settings.setValue(geometry_key, saveGeometry());
+    settings.setValue(visit_key, !m_visit_action->isChecked());
+}
+
 void MainWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
@@ -148,7 +174,29 @@ void MainWindow::create_panes()
     connect(m_traffic, &TrafficPane::save_wanted, this, [this] { save(m_traffic->text()); });
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 3);
-    setCentralWidget(splitter);
+    auto* content = new QWidget(this);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_first_visit);
+    layout->addWidget(splitter, 1);
+    setCentralWidget(content);
+}
+
+void MainWindow::create_first_visit()
+{
+    m_first_visit = new FirstVisit(this);
+    m_visit_action = new QAction(tr("&First visit"), this);
+    m_visit_action->setCheckable(true);
+    m_first_visit->hide();
+    connect(m_visit_action, &QAction::toggled, m_first_visit, &QWidget::setVisible);
+    connect(m_first_visit, &FirstVisit::dismissed, m_visit_action,
+            [this] { m_visit_action->setChecked(false); });
+    // The panel lies under the dialogs, so they carry the next hint above themselves.
+    connect(m_first_visit, &FirstVisit::advanced, this, [this] {
+        const QString hint = m_first_visit->hint();
+        if (m_visit_action->isChecked() && !hint.isEmpty() && QApplication::activeModalWidget())
+            m_notices.add(tr("First visit"), hint, false);
+    });
 }
 
 void MainWindow::create_own_menus()
@@ -163,6 +211,7 @@ void MainWindow::create_own_menus()
     file_menu->addSeparator();
     file_menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
     m_help_menu = menuBar()->addMenu(tr("&Help"));
+    m_help_menu->addAction(m_visit_action);
     m_help_menu->addAction(tr("&About"), this, &MainWindow::show_about);
 }
 

@@ -14,6 +14,7 @@
 
 class QLabel;
 class QMenu;
+class FirstVisit;
 class QPushButton;
 class MessagePane;
 class TrafficPane;
@@ -45,11 +46,17 @@ public:
     void offer_restart(bool offered);
     void set_mode_text(const QString& text);
 
+    FirstVisit& first_visit() { return *m_first_visit; }
+    /// Places of windows and what was dismissed, kept from one start to the next. `fresh` forgets
+    /// what was kept before.
+    void remember(bool fresh);
+
 signals:
     void restart_wanted();
 
 protected:
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     struct ModuleMenu
@@ -60,6 +67,7 @@ private:
     };
 
     void create_panes();
+    void create_first_visit();
     void create_own_menus();
     QLabel* create_status_label();
     ModuleMenu& menu_for(const _GuiElement& element);
@@ -68,6 +76,9 @@ private:
     void show_about();
     void color_status(QLabel* label, bool is_fault);
 
+    FirstVisit* m_first_visit = nullptr;
+    QAction* m_visit_action = nullptr;
+    bool m_remembers = false;
     MessagePane* m_messages = nullptr;
     TrafficPane* m_traffic = nullptr;
     QLabel* m_controller_label = nullptr;

@@ -4,6 +4,7 @@
 
 #include "simulator/model/setup.h"
 
+#include <QRect>
 #include <QString>
 #include <QStringList>
 
@@ -19,6 +20,7 @@ struct CommandLine
     bool version = false;
     int port = 0;        ///< 0 lets the system choose
     QString points_file; ///< where "sim points" saves; empty for the usual place
+    QRect place;         ///< of the window; null: where it comes
     QString problem;     ///< what is wrong with the arguments; empty if nothing is
 };
 
