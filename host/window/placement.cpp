@@ -14,10 +14,11 @@
 namespace
 {
 
-constexpr int title_bar = 32;      // pixels, at most, with common window managers
-constexpr int border = 4;          // pixels, likewise
-constexpr int dialog_width = 1010; // pixels; what the module's largest dialog covers
-constexpr int most_height = 900;   // pixels
+constexpr int title_bar = 32;        // pixels, at most, with common window managers
+constexpr int border = 4;            // pixels, likewise
+constexpr int dialog_width = 1010;   // pixels; what the module's largest dialog covers
+constexpr int simulator_width = 750; // pixels; below this its window is cut off
+constexpr int most_height = 900;     // pixels
 
 const char placed_property[] = "placedByHost";
 
@@ -26,7 +27,9 @@ const char placed_property[] = "placedByHost";
 // The wider the screen, the rather the dialogs fit over the host's window alone.
 SideBySide side_by_side(const QRect& available)
 {
-    const int split = available.left() + std::min(dialog_width, available.width() / 2);
+    const int split =
+        available.left()
+        + std::min({dialog_width, available.width() / 2, available.width() - simulator_width});
     const int height = std::min(most_height, available.height());
     const QRect left(available.left(), available.top(), split - available.left(), height);
     const QRect right(split, available.top(), available.right() - split + 1, height);
