@@ -7,7 +7,7 @@ namespace
 
 constexpr int tick_interval = 250; // ms
 constexpr int ticks_between_questions = 4;
-constexpr int ticks_of_patience = 8;
+constexpr int ticks_of_patience = 4;
 constexpr int longest_answer = 8 * 1024; // bytes
 
 } // namespace

@@ -13,7 +13,7 @@ using ControllerState = QHash<QByteArray, QByteArray>;
 ControllerState parse_state(const QByteArray& text);
 
 /// Asks once a second over a connection of its own and never blocks. A connection that breaks is
-/// noticed at once, a controller that stands still after two seconds. GUI thread only.
+/// noticed at once, a controller that stands still within two seconds. GUI thread only.
 class ControllerWatch : public QObject
 {
     Q_OBJECT
