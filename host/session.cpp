@@ -4,7 +4,6 @@
 #include "host/window/placement.h"
 
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHostAddress>
 #include <QHostInfo>
 #include <QScreen>
@@ -25,20 +24,11 @@ QString version_text(const BackendVersions& versions)
     return QStringLiteral("%1.%2.%3").arg(versions.major).arg(versions.minor).arg(versions.patch);
 }
 
-// What was given last counts, so that a person can have it otherwise.
 QStringList simulator_arguments(const Options& options)
 {
     QStringList arguments = {QStringLiteral("--exit-with-parent")};
-    if (options.interactive) {
-        const QRect place =
-            side_by_side(QGuiApplication::primaryScreen()->availableGeometry()).simulator;
-        arguments << QStringLiteral("--place")
-                  << QStringLiteral("%1,%2,%3,%4")
-                         .arg(place.x())
-                         .arg(place.y())
-                         .arg(place.width())
-                         .arg(place.height());
-    }
+    if (options.interactive && options.fresh)
+        arguments << QStringLiteral("--fresh");
     return arguments + options.simulator_options;
 }
 

@@ -5,7 +5,8 @@
 #include <QObject>
 #include <QRect>
 
-/// Places of the two windows' contents on a screen, title bars left room for.
+/// Places of the two windows' contents on a screen, title bars left room for. The simulator takes
+/// its own, at the right edge, by the same reckoning.
 struct SideBySide
 {
     QRect host;

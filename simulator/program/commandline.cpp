@@ -26,8 +26,6 @@ const QCommandLineOption tools("tools", "Number of Measurement Tools, 0 to 20.",
 const QCommandLineOption backend("backend", "Backend version that is played.", "M.m.p", "1.20.0");
 const QCommandLineOption version({"v", "version"}, "Say which program this is.");
 const QCommandLineOption port("port", "Listen on this port; 0 lets the system choose.", "N", "0");
-const QCommandLineOption place("place", "Where the window stands on the screen, in pixels.",
-                               "X,Y,W,H");
 const QCommandLineOption
     points("points", "Where \"sim points\" saves the object's reference points.", "FILE");
 const QCommandLineOption seed("seed", "Seed of the noise and of the object's pose.", "N", "1");
@@ -41,8 +39,8 @@ void describe(QCommandLineParser& parser)
     parser.setApplicationDescription(
         "Plays an optical tracking controller with its room, for people without one.\n"
         "The first line on standard output says where it listens: listening 127.0.0.1:PORT");
-    parser.addOptions({headless, port, place, cameras, tools, backend, seed, coordinate_type,
-                       points, exit_with_parent, version, help});
+    parser.addOptions({headless, port, cameras, tools, backend, seed, coordinate_type, points,
+                       exit_with_parent, version, help});
 }
 
 void refuse(const QCommandLineParser& parser, const QCommandLineOption& option,
@@ -88,20 +86,6 @@ void read_points_file(const QCommandLineParser& parser, QString& target, QString
         target = QFileInfo(name).absoluteFilePath();
 }
 
-void read_place(const QCommandLineParser& parser, QRect& target, QString& problem)
-{
-    if (!parser.isSet(place))
-        return;
-    const QStringList words = parser.value(place).split(',');
-    int numbers[4] = {};
-    bool good = words.size() == 4;
-    for (int i = 0; good && i < 4; ++i)
-        numbers[i] = words[i].toInt(&good);
-    target = QRect(numbers[0], numbers[1], numbers[2], numbers[3]);
-    if (!good || target.isEmpty())
-        refuse(parser, place, "four numbers such as 0,0,800,600", problem);
-}
-
 void read_coordinate_type(const QCommandLineParser& parser, QByteArray& target, QString& problem)
 {
     target = parser.value(coordinate_type).toLatin1();
@@ -123,7 +107,6 @@ CommandLine parse_command_line(const QStringList& arguments)
     line.version = parser.isSet(version);
     line.help = parser.isSet(help);
     read_points_file(parser, line.points_file, line.problem);
-    read_place(parser, line.place, line.problem);
     read_number(parser, port, max_port, line.port, line.problem);
     read_number(parser, cameras, Setup::max_cameras, line.setup.cameras, line.problem);
     read_number(parser, tools, Setup::max_tools, line.setup.tools, line.problem);

@@ -4,7 +4,6 @@
 
 #include "simulator/model/setup.h"
 
-#include <QRect>
 #include <QString>
 #include <QStringList>
 
@@ -20,7 +19,6 @@ struct CommandLine
     bool version = false;
     int port = 0;        ///< 0 lets the system choose
     QString points_file; ///< where "sim points" saves; empty for the usual place
-    QRect place;         ///< of the window; null: where it comes
     QString problem;     ///< what is wrong with the arguments; empty if nothing is
 };
 

@@ -77,13 +77,11 @@ int early_end(const CommandLine& line)
     return usage_status;
 }
 
-std::unique_ptr<SimulatorWindow> make_window(Simulator& simulator, int port, const QRect& place)
+std::unique_ptr<SimulatorWindow> make_window(Simulator& simulator, int port)
 {
     auto window = std::make_unique<SimulatorWindow>(simulator);
     window->setWindowTitle(QString("Tracking simulator - 127.0.0.1:%1").arg(port));
     window->resize(window_size.boundedTo(window->screen()->availableSize()));
-    if (!place.isNull())
-        window->setGeometry(place);
     window->show();
     return window;
 }
@@ -107,7 +105,7 @@ int run(QCoreApplication& application, const CommandLine& line)
         return EXIT_FAILURE;
     }
     FrameClock clock(simulator);
-    const auto window = line.headless ? nullptr : make_window(simulator, server.port(), line.place);
+    const auto window = line.headless ? nullptr : make_window(simulator, server.port());
     if (line.exit_with_parent)
         quit_when_input_closes(&application);
     std::printf("listening 127.0.0.1:%d\n", server.port());
