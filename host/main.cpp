@@ -85,6 +85,7 @@ bool may_overwrite(const QString& file)
 
 int run(Options options)
 {
+    options.interactive = !options.demo;
     if (options.demo)
         Demo::prepare(&options);
     else if (would_overwrite(options) && !may_overwrite(options.record_file))

@@ -21,7 +21,8 @@ struct Options
     QString screenshot_folder; ///< empty: no screenshots
     int demo_limit = 0;        ///< seconds
 
-    bool fresh = false; ///< forget places of windows and what was dismissed
+    bool interactive = false; ///< a person looks on: windows are placed and remembered
+    bool fresh = false;       ///< forget places of windows and what was dismissed
     bool help = false;
     bool version = false;
 };

@@ -1,9 +1,12 @@
 #include "host/session.h"
 
-#include <QCoreApplication>
+#include "host/window/firstvisit.h"
+#include "host/window/placement.h"
+
 #include <QFileInfo>
 #include <QHostAddress>
 #include <QHostInfo>
+#include <QScreen>
 
 #include <array>
 #include <utility>
@@ -23,7 +26,10 @@ QString version_text(const BackendVersions& versions)
 
 QStringList simulator_arguments(const Options& options)
 {
-    return QStringList("--exit-with-parent") + options.simulator_options;
+    QStringList arguments = {QStringLiteral("--exit-with-parent")};
+    if (options.interactive && options.fresh)
+        arguments << QStringLiteral("--fresh");
+    return arguments + options.simulator_options;
 }
 
 } // namespace
@@ -38,6 +44,9 @@ Session::Session(const Options& options)
     connect(&m_watch, &ControllerWatch::lost, this, &Session::notice_loss);
     connect(&m_watch, &ControllerWatch::state_read, this, &Session::notice_state);
     connect(m_window.get(), &MainWindow::restart_wanted, this, &Session::restart_simulator);
+    connect(&m_window->first_visit(), &FirstVisit::points_wanted, this, &Session::save_points);
+    connect(&m_watch, &ControllerWatch::tip_read, &m_window->first_visit(),
+            &FirstVisit::notice_tip);
     connect(&m_state_timer, &QTimer::timeout, this, &Session::count_frames);
 }
 
@@ -55,6 +64,7 @@ bool Session::start()
     count_frames();
     m_window->set_mode_text(m_options.observer ? tr("Observer: nothing can be changed")
                                                : QString());
+    place_windows();
     m_window->show();
     return true;
 }
@@ -262,6 +272,8 @@ void Session::count_frames()
     if (frames > 0 || !m_facts.tracking)
         m_data_clock.start();
     m_last_counters = now;
+    m_window->first_visit().look();
+    m_watch.want_tip(m_window->first_visit().wants_tip());
     show_state();
 }
 
@@ -290,6 +302,26 @@ StatusFacts::Controller Session::controller_state() const
                    ? StatusFacts::starting
                    : StatusFacts::silent;
     return m_gave_up ? StatusFacts::slow : StatusFacts::answering;
+}
+
+void Session::place_windows()
+{
+    if (!m_options.interactive)
+        return;
+    const SideBySide places = side_by_side(m_window->screen()->availableGeometry());
+    m_window->setGeometry(places.host);
+    m_window->remember(m_options.fresh);
+    if (m_process.state() != QProcess::NotRunning)
+        new DialogPlacer(places.simulator, this);
+}
+
+void Session::save_points()
+{
+    const Reply reply = m_link->request("sim points");
+    if (reply.ok())
+        m_window->first_visit().set_points_file(QString::fromUtf8(reply.text));
+    else
+        warn(tr("The points were not saved: %1").arg(QString::fromUtf8(reply.text)));
 }
 
 void Session::warn(const QString& text)

@@ -55,6 +55,8 @@ private:
     void restart_simulator();
     void follow_simulator();
     void notice_exchange(const Exchange& exchange);
+    void place_windows();
+    void save_points();
     void count_frames();
     void show_state();
     StatusFacts::Controller controller_state() const;

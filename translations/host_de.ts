@@ -2,26 +2,65 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>FirstVisit</name>
+    <message>
+        <source>Save the &amp;points for me</source>
+        <translation>&amp;Punkte für mich speichern</translation>
+    </message>
+    <message>
+        <source>Your first visit</source>
+        <translation>Ihr erster Besuch</translation>
+    </message>
+    <message>
+        <source>Close the first visit</source>
+        <translation>Den ersten Besuch schließen</translation>
+    </message>
+    <message>
+        <source>Close; the menu Help brings it back</source>
+        <translation>Schließen; das Menü Hilfe bringt es zurück</translation>
+    </message>
+    <message>
+        <source>1. Save the object&apos;s reference points in the simulator&apos;s window.</source>
+        <translation>1. Speichern Sie die Referenzpunkte des Objekts im Fenster des Simulators.</translation>
+    </message>
+    <message>
+        <source>1. The object&apos;s reference points are in %1.</source>
+        <translation>1. Die Referenzpunkte des Objekts stehen in %1.</translation>
+    </message>
+    <message>
+        <source>2. Open Calibration / Room adjustment (Shift+F5), tab &quot;Fine&quot;.</source>
+        <translation>2. Öffnen Sie Kalibrierung / Raumjustierung (Umschalt+F5), Reiter &quot;Fein&quot;.</translation>
+    </message>
+    <message>
+        <source>3. Press Start, then load the file of the reference points.</source>
+        <translation>3. Drücken Sie Start und laden Sie die Datei der Referenzpunkte.</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there: %1 of %2.</source>
+        <translation>4. Berühren Sie im Fenster des Simulators jeden Punkt des Objekts und messen Sie ihn dort: %1 von %2.</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there.</source>
+        <translation>4. Berühren Sie im Fenster des Simulators jeden Punkt des Objekts und messen Sie ihn dort.</translation>
+    </message>
+    <message>
+        <source>5. Accept the result with OK, then press Apply.</source>
+        <translation>5. Nehmen Sie das Ergebnis mit OK an und drücken Sie dann Übernehmen.</translation>
+    </message>
+    <message>
+        <source>6. Touch point 1 again: the simulator shows the tip at 0.0 0.0 0.0, because the room now begins there.</source>
+        <translation>6. Berühren Sie Punkt 1 noch einmal: Der Simulator zeigt die Spitze bei 0.0 0.0 0.0, denn dort beginnt der Raum jetzt.</translation>
+    </message>
+    <message>
+        <source>Done: </source>
+        <translation>Erledigt: </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Tracking Control</source>
         <translation>Tracking Control</translation>
-    </message>
-    <message>
-        <source>M&amp;essages</source>
-        <translation>M&amp;eldungen</translation>
-    </message>
-    <message>
-        <source>Messages of the modules appear here.</source>
-        <translation>Hier erscheinen Meldungen der Module.</translation>
-    </message>
-    <message>
-        <source>Con&amp;troller traffic</source>
-        <translation>Con&amp;troller-Verkehr</translation>
-    </message>
-    <message>
-        <source>Requests to the controller and its replies appear here.</source>
-        <translation>Hier erscheinen Anfragen an den Controller und seine Antworten.</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -70,6 +109,41 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
     <message>
         <source>Start the simulator again</source>
         <translation>Simulator neu starten</translation>
+    </message>
+    <message>
+        <source>Save &amp;messages...</source>
+        <translation>&amp;Meldungen speichern...</translation>
+    </message>
+    <message>
+        <source>Save &amp;traffic...</source>
+        <translation>Controller-&amp;Verkehr speichern...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;First visit</source>
+        <translation>&amp;Erster Besuch</translation>
+    </message>
+    <message>
+        <source>First visit</source>
+        <translation>Erster Besuch</translation>
+    </message>
+</context>
+<context>
+    <name>MessagePane</name>
+    <message>
+        <source>Messages of the modules appear here.</source>
+        <translation>Hier erscheinen Meldungen der Module.</translation>
+    </message>
+    <message>
+        <source>M&amp;essages</source>
+        <translation>M&amp;eldungen</translation>
     </message>
 </context>
 <context>
@@ -136,6 +210,10 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
         <source>The controller does not answer</source>
         <translation>Der Controller antwortet nicht</translation>
     </message>
+    <message>
+        <source>The points were not saved: %1</source>
+        <translation>Die Punkte wurden nicht gespeichert: %1</translation>
+    </message>
 </context>
 <context>
     <name>StatusTexts</name>
@@ -194,6 +272,76 @@ Lädt Module, reicht ihre Texte an den Controller weiter und liefert ihnen desse
     <message>
         <source>not tracking</source>
         <translation>kein Tracking</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficModel</name>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Request</source>
+        <translation>Anfrage</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>Antwort</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>ok</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>nicht gesendet</translation>
+    </message>
+    <message>
+        <source>unknown outcome</source>
+        <translation>Ausgang unbekannt</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficPane</name>
+    <message>
+        <source>Show &amp;queries</source>
+        <translation>&amp;Abfragen zeigen</translation>
+    </message>
+    <message>
+        <source>Controller traffic</source>
+        <translation>Controller-Verkehr</translation>
+    </message>
+    <message>
+        <source>Con&amp;troller traffic</source>
+        <translation>Con&amp;troller-Verkehr</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>&amp;Leeren</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern...</translation>
     </message>
 </context>
 <context>

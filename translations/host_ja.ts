@@ -2,26 +2,65 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
+    <name>FirstVisit</name>
+    <message>
+        <source>Save the &amp;points for me</source>
+        <translation>点を保存(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Your first visit</source>
+        <translation>はじめての方へ</translation>
+    </message>
+    <message>
+        <source>Close the first visit</source>
+        <translation>はじめての方へを閉じる</translation>
+    </message>
+    <message>
+        <source>Close; the menu Help brings it back</source>
+        <translation>閉じる (ヘルプメニューで再表示)</translation>
+    </message>
+    <message>
+        <source>1. Save the object&apos;s reference points in the simulator&apos;s window.</source>
+        <translation>1. シミュレーターのウィンドウで物体の基準点を保存します。</translation>
+    </message>
+    <message>
+        <source>1. The object&apos;s reference points are in %1.</source>
+        <translation>1. 物体の基準点は %1 にあります。</translation>
+    </message>
+    <message>
+        <source>2. Open Calibration / Room adjustment (Shift+F5), tab &quot;Fine&quot;.</source>
+        <translation>2. キャリブレーション / ルーム調整 (Shift+F5) を開き、微調整タブを選びます。</translation>
+    </message>
+    <message>
+        <source>3. Press Start, then load the file of the reference points.</source>
+        <translation>3. 開始を押し、基準点のファイルを読み込みます。</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there: %1 of %2.</source>
+        <translation>4. シミュレーターのウィンドウで物体の各点に触れて測定します: %2 点中 %1 点。</translation>
+    </message>
+    <message>
+        <source>4. Touch each point of the object in the simulator&apos;s window and measure it there.</source>
+        <translation>4. シミュレーターのウィンドウで物体の各点に触れて測定します。</translation>
+    </message>
+    <message>
+        <source>5. Accept the result with OK, then press Apply.</source>
+        <translation>5. OK で結果を採用し、適用を押します。</translation>
+    </message>
+    <message>
+        <source>6. Touch point 1 again: the simulator shows the tip at 0.0 0.0 0.0, because the room now begins there.</source>
+        <translation>6. もう一度点 1 に触れると、シミュレーターの先端は 0.0 0.0 0.0 になります。ルームの原点がそこに移ったためです。</translation>
+    </message>
+    <message>
+        <source>Done: </source>
+        <translation>完了: </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Tracking Control</source>
         <translation>Tracking Control</translation>
-    </message>
-    <message>
-        <source>M&amp;essages</source>
-        <translation>メッセージ(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Messages of the modules appear here.</source>
-        <translation>モジュールのメッセージがここに表示されます。</translation>
-    </message>
-    <message>
-        <source>Con&amp;troller traffic</source>
-        <translation>コントローラーとの通信(&amp;T)</translation>
-    </message>
-    <message>
-        <source>Requests to the controller and its replies appear here.</source>
-        <translation>コントローラーへの要求と応答がここに表示されます。</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -70,6 +109,41 @@ Loads modules, passes their texts to the controller and delivers its tracking da
     <message>
         <source>Start the simulator again</source>
         <translation>シミュレーターを再起動</translation>
+    </message>
+    <message>
+        <source>Save &amp;messages...</source>
+        <translation>メッセージを保存(&amp;M)...</translation>
+    </message>
+    <message>
+        <source>Save &amp;traffic...</source>
+        <translation>通信を保存(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>テキストファイル (*.txt);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>&amp;First visit</source>
+        <translation>はじめての方へ(&amp;F)</translation>
+    </message>
+    <message>
+        <source>First visit</source>
+        <translation>はじめての方へ</translation>
+    </message>
+</context>
+<context>
+    <name>MessagePane</name>
+    <message>
+        <source>Messages of the modules appear here.</source>
+        <translation>モジュールのメッセージがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>M&amp;essages</source>
+        <translation>メッセージ(&amp;E)</translation>
     </message>
 </context>
 <context>
@@ -136,6 +210,10 @@ Loads modules, passes their texts to the controller and delivers its tracking da
         <source>The controller does not answer</source>
         <translation>コントローラーが応答しません</translation>
     </message>
+    <message>
+        <source>The points were not saved: %1</source>
+        <translation>点は保存されませんでした: %1</translation>
+    </message>
 </context>
 <context>
     <name>StatusTexts</name>
@@ -194,6 +272,76 @@ Loads modules, passes their texts to the controller and delivers its tracking da
     <message>
         <source>not tracking</source>
         <translation>トラッキング停止中</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficModel</name>
+    <message>
+        <source>Outcome</source>
+        <translation>結果</translation>
+    </message>
+    <message>
+        <source>Request</source>
+        <translation>要求</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>応答</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>回数</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>拒否</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>未送信</translation>
+    </message>
+    <message>
+        <source>unknown outcome</source>
+        <translation>結果不明</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficPane</name>
+    <message>
+        <source>Show &amp;queries</source>
+        <translation>問い合わせを表示(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Controller traffic</source>
+        <translation>コントローラー通信</translation>
+    </message>
+    <message>
+        <source>Con&amp;troller traffic</source>
+        <translation>コントローラーとの通信(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>消去(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>保存(&amp;S)...</translation>
     </message>
 </context>
 <context>

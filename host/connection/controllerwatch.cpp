@@ -7,7 +7,7 @@ namespace
 
 constexpr int tick_interval = 250; // ms
 constexpr int ticks_between_questions = 4;
-constexpr int ticks_of_patience = 8;
+constexpr int ticks_of_patience = 4;
 constexpr int longest_answer = 8 * 1024; // bytes
 
 } // namespace
@@ -69,7 +69,7 @@ void ControllerWatch::ask()
 {
     m_waiting = true;
     m_ticks = 0;
-    m_socket.write("sim state\n");
+    m_socket.write(m_tip_wanted ? "sim tip\nsim state\n" : "sim state\n");
 }
 
 void ControllerWatch::read()
@@ -79,18 +79,25 @@ void ControllerWatch::read()
             give_up();
         return;
     }
-    QByteArray line;
     while (m_socket.canReadLine())
-        line = m_socket.readLine().trimmed();
+        take_line(m_socket.readLine().trimmed());
     m_waiting = false;
     m_ticks = 0;
-    m_state = parse_state(line);
     m_lost_told = false;
     if (!m_answering) {
         m_answering = true;
         emit found();
     }
     emit state_read();
+}
+
+void ControllerWatch::take_line(const QByteArray& line)
+{
+    const QList<QByteArray> words = line.split(' ');
+    if (line.contains('='))
+        m_state = parse_state(line);
+    else if (words.size() == 4)
+        emit tip_read(words[1].toDouble(), words[2].toDouble(), words[3].toDouble());
 }
 
 void ControllerWatch::give_up()

@@ -13,7 +13,7 @@ using ControllerState = QHash<QByteArray, QByteArray>;
 ControllerState parse_state(const QByteArray& text);
 
 /// Asks once a second over a connection of its own and never blocks. A connection that breaks is
-/// noticed at once, a controller that stands still after two seconds. GUI thread only.
+/// noticed at once, a controller that stands still within two seconds. GUI thread only.
 class ControllerWatch : public QObject
 {
     Q_OBJECT
@@ -25,6 +25,8 @@ public:
     void watch(const QString& host, quint16 port);
 
     bool is_answering() const { return m_answering; }
+    /// Whether the tip's position is asked for as well.
+    void want_tip(bool wanted) { m_tip_wanted = wanted; }
     /// As of the last answer.
     const ControllerState& state() const { return m_state; }
 
@@ -34,12 +36,15 @@ signals:
     /// The controller has gone, or there has not been one since the start.
     void lost();
     void state_read();
+    /// Where the controller reports the tip, mm.
+    void tip_read(double x, double y, double z);
 
 private:
     void tick();
     void connect_to_controller();
     void ask();
     void read();
+    void take_line(const QByteArray& line);
     void give_up();
 
     QString m_host;
@@ -48,6 +53,7 @@ private:
     QTimer m_timer;
     bool m_waiting = false; ///< an answer or a connection is due
     int m_ticks = 0;        ///< since the last question or answer
+    bool m_tip_wanted = false;
     bool m_answering = false;
     bool m_lost_told = false;
     ControllerState m_state;

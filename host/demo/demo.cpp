@@ -4,6 +4,7 @@
 #include "host/session.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTimer>
 
 #include <chrono>
@@ -21,7 +22,10 @@ constexpr int grace = 10; // s between the orderly end at the time limit and the
 
 void Demo::prepare(Options* options)
 {
-    options->simulator_options.prepend(QStringLiteral("--headless"));
+    const QString points =
+        QDir::temp().filePath(QStringLiteral("room-adjustment-demo/reference-points.txt"));
+    options->simulator_options =
+        QStringList({"--headless", "--points", points}) + options->simulator_options;
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 }
 

@@ -13,7 +13,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QDoubleSpinBox>
-#include <QFile>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPixmap>
@@ -43,7 +42,6 @@ constexpr double frame_rate = 60.0; // Hz
 constexpr int settle_time = 250;    // ms, until the view has caught up with what was done
 constexpr std::chrono::milliseconds hold_time(50); // for which a button is pressed
 constexpr int measurement_limit = 20000;           // ms
-constexpr std::size_t most_points = 6;             // all orders of the points are tried
 constexpr std::size_t fewest_points = 4;
 constexpr int start_ways = 4;
 constexpr int typed_points = 2; // the others come from a file
@@ -161,7 +159,6 @@ void Scenario::prepare_simulator()
     m_person.act("tool 1");
     m_points = m_person.object_points();
     require(m_points.size() >= fewest_points, "the simulator's object has too few points");
-    m_points.resize(std::min(m_points.size(), most_points));
 }
 
 void Scenario::plan_opening()
@@ -246,12 +243,13 @@ void Scenario::plan_reference_points()
                                     point[static_cast<std::size_t>(column)]);
         });
     plan_picture("typed-points");
-    m_stepper.act("write a file of reference points", [this] { write_points(); });
+    m_stepper.act("save the reference points in the simulator",
+                  [this] { m_points_file = m_person.save_points(); });
     m_stepper.act("load reference points", [] { click(matching, "w_loadButton"); });
     m_stepper.await("file dialog", [] {
         return QApplication::activeModalWidget() != driver::visible_window(matching);
     });
-    m_stepper.act("choose the file", [this] { driver::choose_file(point_file()); });
+    m_stepper.act("choose the file", [this] { driver::choose_file(m_points_file); });
     m_stepper.await("reference points in the table",
                     [this] { return reference_table_holds_points(); });
     m_stepper.act("let the order be found", [] {
@@ -259,25 +257,6 @@ void Scenario::plan_reference_points()
         if (ordered.isChecked())
             driver::click(ordered);
     });
-}
-
-QString Scenario::point_file() const
-{
-    return m_temporary.filePath(QStringLiteral("reference-points.txt"));
-}
-
-// The numbered form that the matching dialog reads: number, x, y, z.
-void Scenario::write_points()
-{
-    QFile file(point_file());
-    require(file.open(QIODevice::WriteOnly), "the file of reference points cannot be written");
-    int number = 0;
-    for (const Point& point : m_points) {
-        QByteArray line = QByteArray::number(++number);
-        for (double coordinate : point)
-            line += ' ' + QByteArray::number(coordinate, 'f', shown_decimals);
-        file.write(line + '\n');
-    }
 }
 
 bool Scenario::reference_table_holds_points() const

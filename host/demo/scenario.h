@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QTemporaryDir>
 
 #include <vector>
 
@@ -43,8 +42,6 @@ private:
 
     void prepare_simulator();
     void press_for_a_moment(const QByteArray& button);
-    QString point_file() const;
-    void write_points();
     bool reference_table_holds_points() const;
     bool is_measured(int rows);
     void require_controller_holds_fine_tab();
@@ -57,7 +54,7 @@ private:
     QMainWindow& m_main_window;
     QString m_folder;
     int m_pictures = 0;
-    QTemporaryDir m_temporary;
+    QString m_points_file;
     std::vector<Point> m_points; ///< the object's points in its own coordinates, mm
     QString m_result;
 };

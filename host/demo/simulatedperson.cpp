@@ -38,6 +38,14 @@ std::vector<Point> SimulatedPerson::object_points()
     return points;
 }
 
+QString SimulatedPerson::save_points()
+{
+    const Reply reply = m_link.request("sim points");
+    if (!reply.ok())
+        throw DemoFailure(complaint("sim points", reply.text));
+    return QString::fromUtf8(reply.text);
+}
+
 Pose SimulatedPerson::true_pose()
 {
     const std::vector<double> numbers = ask("sim truth");

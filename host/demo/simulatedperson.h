@@ -6,6 +6,7 @@
 #include "host/demo/deviation.h"
 
 #include <QByteArray>
+#include <QString>
 
 #include <vector>
 
@@ -21,6 +22,8 @@ public:
 
     /// Points of the object, in the object's own coordinates, mm.
     std::vector<Point> object_points();
+    /// Has the points saved, and returns the file, which the matching dialog can load.
+    QString save_points();
     /// Takes points of the object to the calibrated room.
     Pose true_pose();
     /// Where the controller now reports the tip, without noise, mm.

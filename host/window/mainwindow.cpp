@@ -1,16 +1,20 @@
 #include "host/window/mainwindow.h"
 
 #include "host/window/colors.h"
+#include "host/window/firstvisit.h"
 #include "host/window/hosticon.h"
+#include "host/window/messagepane.h"
+#include "host/window/trafficpane.h"
 
 #include <QApplication>
-#include <QFontDatabase>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSaveFile>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTime>
@@ -21,48 +25,13 @@
 namespace
 {
 
-constexpr int message_lines = 500;
-constexpr int traffic_lines = 2000;
 constexpr int fault_level = 1;
 constexpr QSize initial_size(1040, 720);
 
 const char fault_property[] = "isFault";
+const char geometry_key[] = "window/geometry";
+const char visit_key[] = "visit/dismissed";
 const char time_format[] = "HH:mm:ss.zzz";
-
-QPlainTextEdit* create_pane(const QString& title, const QString& hint, int lines,
-                            QSplitter* splitter)
-{
-    auto* box = new QWidget(splitter);
-    auto* layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 6, 6, 0);
-    auto* pane = new QPlainTextEdit(box);
-    pane->setReadOnly(true);
-    pane->setLineWrapMode(QPlainTextEdit::NoWrap);
-    pane->setMaximumBlockCount(lines);
-    pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    pane->setPlaceholderText(hint);
-    auto* label = new QLabel(title, box);
-    label->setBuddy(pane);
-    layout->addWidget(label);
-    layout->addWidget(pane);
-    return pane;
-}
-
-QString reply_text(const Reply& reply)
-{
-    const QString text = QString::fromLatin1(reply.text);
-    switch (reply.outcome) {
-    case Reply::done:
-        return text.isEmpty() ? QStringLiteral("ok") : QStringLiteral("ok  %1").arg(text);
-    case Reply::refused:
-        return QStringLiteral("ERROR  %1").arg(text);
-    case Reply::not_sent:
-        return QStringLiteral("NOT SENT  %1").arg(text);
-    case Reply::unknown:
-        break;
-    }
-    return QStringLiteral("UNKNOWN OUTCOME  %1").arg(text);
-}
 
 } // namespace
 
@@ -72,6 +41,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     setWindowTitle(tr("Tracking Control"));
     setWindowIcon(host_icon());
     resize(initial_size);
+    create_first_visit();
     create_panes();
     create_own_menus();
     m_controller_label = create_status_label();
@@ -104,32 +74,26 @@ void MainWindow::remove_elements()
 void MainWindow::add_message(const QString& category, const QString& source, int level,
                              const QString& text)
 {
-    QTextCharFormat format;
-    if (level >= fault_level)
-        format.setForeground(colors_for(palette()).fault);
-    m_messages->setCurrentCharFormat(format);
-    m_messages->appendPlainText(QStringLiteral("%1  %2 (%3)  %4")
-                                    .arg(QTime::currentTime().toString(QLatin1String(time_format)),
-                                         source, category, text));
+    m_messages->add(
+        QStringLiteral("%1  %2 (%3)  %4")
+            .arg(QTime::currentTime().toString(QLatin1String(time_format)), source, category, text),
+        level >= fault_level);
     if (QApplication::activeModalWidget())
         m_notices.add(source, text, level >= fault_level);
 }
 
 void MainWindow::add_exchange(const Exchange& exchange)
 {
-    QTextCharFormat format;
-    if (!exchange.reply.ok())
-        format.setForeground(colors_for(palette()).fault);
-    m_traffic->setCurrentCharFormat(format);
-    m_traffic->appendPlainText(QStringLiteral("%1  %2  ->  %3  (%4 ms)")
-                                   .arg(exchange.time.toString(QLatin1String(time_format)),
-                                        QString::fromLatin1(exchange.request),
-                                        reply_text(exchange.reply))
-                                   .arg(exchange.milliseconds));
-    if (!exchange.reply.ok() && QApplication::activeModalWidget())
+    m_traffic->add(exchange);
+    m_first_visit->notice_exchange(exchange);
+    // Of a query that fails the module speaks itself.
+    const bool changes = exchange.request.startsWith("set ") || exchange.request.startsWith("do ");
+    if (changes && !exchange.reply.ok() && QApplication::activeModalWidget())
         m_notices.add(tr("Controller"),
-                      QStringLiteral("%1\n%2").arg(QString::fromLatin1(exchange.request),
-                                                   reply_text(exchange.reply)),
+                      QStringLiteral("%1 (%2): %3")
+                          .arg(TrafficModel::verdict_text(exchange.reply),
+                               QString::fromLatin1(exchange.reply.text),
+                               QString::fromLatin1(exchange.request)),
                       true);
 }
 
@@ -156,6 +120,25 @@ void MainWindow::offer_restart(bool offered)
         m_notices.add(source, text, true)->offer(tr("Start the simulator again"), [this] {
             emit restart_wanted();
         });
+}
+
+void MainWindow::remember(bool fresh)
+{
+    m_remembers = true;
+    const QSettings settings;
+    if (!fresh)
+        restoreGeometry(settings.value(geometry_key).toByteArray());
+    m_visit_action->setChecked(fresh || !settings.value(visit_key).toBool());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    QMainWindow::closeEvent(event);
+    if (!m_remembers)
+        return;
+    QSettings settings;
+    settings.setValue(geometry_key, saveGeometry());
+    settings.setValue(visit_key, !m_visit_action->isChecked());
 }
 
 void MainWindow::changeEvent(QEvent* event)
@@ -186,16 +169,34 @@ void MainWindow::set_mode_text(const QString& text)
 void MainWindow::create_panes()
 {
     auto* splitter = new QSplitter(Qt::Vertical, this);
-    m_messages = create_pane(tr("M&essages"), tr("Messages of the modules appear here."),
-                             message_lines, splitter);
-    m_messages->setObjectName(QStringLiteral("messages"));
-    m_traffic = create_pane(tr("Con&troller traffic"),
-                            tr("Requests to the controller and its replies appear here."),
-                            traffic_lines, splitter);
-    m_traffic->setObjectName(QStringLiteral("traffic"));
+    m_messages = new MessagePane(splitter);
+    m_traffic = new TrafficPane(splitter);
+    connect(m_traffic, &TrafficPane::save_wanted, this, [this] { save(m_traffic->text()); });
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 3);
-    setCentralWidget(splitter);
+    auto* content = new QWidget(this);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_first_visit);
+    layout->addWidget(splitter, 1);
+    setCentralWidget(content);
+}
+
+void MainWindow::create_first_visit()
+{
+    m_first_visit = new FirstVisit(this);
+    m_visit_action = new QAction(tr("&First visit"), this);
+    m_visit_action->setCheckable(true);
+    m_first_visit->hide();
+    connect(m_visit_action, &QAction::toggled, m_first_visit, &QWidget::setVisible);
+    connect(m_first_visit, &FirstVisit::dismissed, m_visit_action,
+            [this] { m_visit_action->setChecked(false); });
+    // The panel lies under the dialogs, so they carry the next hint above themselves.
+    connect(m_first_visit, &FirstVisit::advanced, this, [this] {
+        const QString hint = m_first_visit->hint();
+        if (m_visit_action->isChecked() && !hint.isEmpty() && QApplication::activeModalWidget())
+            m_notices.add(tr("First visit"), hint, false);
+    });
 }
 
 void MainWindow::create_own_menus()
@@ -205,9 +206,12 @@ void MainWindow::create_own_menus()
         m_messages->clear();
         m_traffic->clear();
     });
+    file_menu->addAction(tr("Save &messages..."), this, [this] { save(m_messages->text()); });
+    file_menu->addAction(tr("Save &traffic..."), this, [this] { save(m_traffic->text()); });
     file_menu->addSeparator();
     file_menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
     m_help_menu = menuBar()->addMenu(tr("&Help"));
+    m_help_menu->addAction(m_visit_action);
     m_help_menu->addAction(tr("&About"), this, &MainWindow::show_about);
 }
 
@@ -238,6 +242,17 @@ QAction* MainWindow::menu_after(int rank) const
         if (place.rank > rank)
             return place.menu->menuAction();
     return m_help_menu->menuAction();
+}
+
+void MainWindow::save(const QString& text)
+{
+    const QString name = QFileDialog::getSaveFileName(this, tr("Save"), QString(),
+                                                      tr("Text files (*.txt);;All files (*)"));
+    if (name.isEmpty())
+        return;
+    QSaveFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0 || !file.commit())
+        QMessageBox::warning(this, tr("Save"), file.errorString());
 }
 
 void MainWindow::show_about()

@@ -14,8 +14,10 @@
 
 class QLabel;
 class QMenu;
-class QPlainTextEdit;
+class FirstVisit;
 class QPushButton;
+class MessagePane;
+class TrafficPane;
 
 /// Menus and entries stand in the order of their ranks, whatever order the modules come in; equal
 /// ranks keep the order of arrival. The panes keep a bounded number of lines.
@@ -44,11 +46,17 @@ public:
     void offer_restart(bool offered);
     void set_mode_text(const QString& text);
 
+    FirstVisit& first_visit() { return *m_first_visit; }
+    /// Places of windows and what was dismissed, kept from one start to the next. `fresh` forgets
+    /// what was kept before.
+    void remember(bool fresh);
+
 signals:
     void restart_wanted();
 
 protected:
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     struct ModuleMenu
@@ -59,15 +67,20 @@ private:
     };
 
     void create_panes();
+    void create_first_visit();
     void create_own_menus();
     QLabel* create_status_label();
     ModuleMenu& menu_for(const _GuiElement& element);
     QAction* menu_after(int rank) const;
+    void save(const QString& text);
     void show_about();
     void color_status(QLabel* label, bool is_fault);
 
-    QPlainTextEdit* m_messages = nullptr;
-    QPlainTextEdit* m_traffic = nullptr;
+    FirstVisit* m_first_visit = nullptr;
+    QAction* m_visit_action = nullptr;
+    bool m_remembers = false;
+    MessagePane* m_messages = nullptr;
+    TrafficPane* m_traffic = nullptr;
     QLabel* m_controller_label = nullptr;
     QLabel* m_data_label = nullptr;
     QLabel* m_mode_label = nullptr;

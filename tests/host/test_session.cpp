@@ -1,10 +1,13 @@
 #include "host/session.h"
+#include "host/window/colors.h"
+#include "host/window/trafficmodel.h"
 
 #include "tests/host/scriptedcontroller.h"
 #include "tests/support/fatal_logger.h"
 
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -134,12 +137,63 @@ private slots:
         QVERIFY(lost.first().first().toString().contains(QStringLiteral("(3)")));
     }
 
-    void panes_are_bounded()
+    // What matters must not scroll away: sixteen cameras are one row, and the settings are found.
+    void traffic_is_folded_and_bounded()
     {
-        MainWindow window;
+        const auto exchange = [](const QByteArray& request, Reply::Outcome outcome) {
+            return Exchange{QTime(12, 0), request, {outcome, ""}, 1};
+        };
+        TrafficModel traffic;
+        for (int camera = 10; camera < 26; ++camera) {
+            const QByteArray index = " c" + QByteArray::number(camera);
+            traffic.add(exchange("get tracking has_room" + index, Reply::done));
+            traffic.add(
+                exchange("get tracking room" + index, camera == 20 ? Reply::refused : Reply::done));
+        }
+        traffic.add(exchange("set tracking extra_scaling 1.0", Reply::done));
+        traffic.add(exchange("get tracking room c10", Reply::done));
+        QStringList rows;
+        for (const QString& line : traffic.text().split('\n'))
+            rows += QStringList(line.split('\t').mid(0, 2) + line.split('\t').mid(3, 1)).join('|');
+        QCOMPARE(rows, QStringList({"ok|get tracking has_room c*|16", "ok|get tracking room c*|15",
+                                    "refused|get tracking room c20|",
+                                    "ok|set tracking extra_scaling 1.0|",
+                                    "ok|get tracking room c10|", ""}));
         for (int i = 0; i < 3000; ++i)
-            window.add_exchange({});
-        QCOMPARE(window.findChild<QPlainTextEdit*>("traffic")->blockCount(), 2000);
+            traffic.add(exchange("set x " + QByteArray::number(i), Reply::done));
+        QCOMPARE(traffic.rowCount(), 2000);
+    }
+
+    void colors_are_legible()
+    {
+        for (const auto& [base, text] : {std::pair("white", "black"), std::pair("#efefef", "#333"),
+                                         std::pair("#2a2e32", "white"), std::pair("black", "#ccc"),
+                                         std::pair("#808080", "black")}) {
+            QPalette palette;
+            palette.setColor(QPalette::Base, QColor(base));
+            palette.setColor(QPalette::Window, QColor(base));
+            palette.setColor(QPalette::Text, QColor(text));
+            const WindowColors colors = colors_for(palette);
+            for (const QColor& color :
+                 {colors.fault, colors.emphasis, colors.done, colors.quiet, colors.status})
+                QVERIFY2(contrast(color, QColor(base)) >= 4.5, qPrintable(color.name()));
+        }
+    }
+
+    void status_tells_what_is_true()
+    {
+        StatusFacts facts;
+        facts.tracking = true;
+        facts.seconds_without = 7.0;
+        const auto texts = [&facts](StatusFacts::Controller controller) {
+            facts.controller = controller;
+            return StatusTexts::controller(facts).text + '|' + StatusTexts::data(facts).text;
+        };
+        QVERIFY(texts(StatusFacts::answering).contains("tracking, but no data for 7 s"));
+        QVERIFY(texts(StatusFacts::silent).contains(QRegularExpression("not answer.*no data")));
+        QVERIFY(texts(StatusFacts::ended).contains(QRegularExpression("has ended.*no data")));
+        facts.seconds_without = 0.5;
+        QVERIFY(!StatusTexts::data(facts).is_fault);
     }
 };
 
