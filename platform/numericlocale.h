@@ -2,7 +2,7 @@
 #ifndef PLATFORM_NUMERICLOCALE_H
 #define PLATFORM_NUMERICLOCALE_H
 
-#include <locale.h> // <clocale> need not have newlocale. NOLINT(modernize-deprecated-headers)
+#include <locale.h>
 
 /// For `strtod_l` and its like. Made once, thread-safe, never freed.
 inline locale_t c_numeric_locale()
