@@ -4,8 +4,22 @@
 
 #include <algorithm>
 
-OrderListing::OrderListing(const Assignment& solved, const OrderContest& contest, int n_)
-    : m_solved(solved), m_contest(contest), n(n_), m_visitor(nullptr), m_steps_left(0)
+namespace
+{
+
+struct FewerChoices
+{
+    const int* counts;
+    bool operator()(int i, int j) const
+    {
+        return counts[i] != counts[j] ? counts[i] < counts[j] : i < j;
+    }
+};
+
+} // namespace
+
+OrderListing::OrderListing(const Assignment& solved, const OrderContest& contest, int n)
+    : m_solved(solved), m_contest(contest), m_n(n), m_visitor(nullptr), m_steps_left(0)
 {
 }
 
@@ -13,23 +27,22 @@ bool OrderListing::list(double slack, int most_steps, OrderVisitor* visitor)
 {
     m_visitor = visitor;
     m_steps_left = most_steps;
-    std::fill(m_taken, m_taken + n, false);
+    std::fill(m_taken, m_taken + m_n, false);
     find_choices(slack);
     return descend(0, slack);
 }
 
 void OrderListing::find_choices(double slack)
 {
-    for (int i = 0; i < n; ++i) {
+    for (int i = 0; i < m_n; ++i) {
         m_choice_count[i] = 0;
-        for (int j = 0; j < n; ++j)
+        for (int j = 0; j < m_n; ++j)
             if (m_solved.regret(i, j) <= slack)
                 m_choices[i][m_choice_count[i]++] = j;
-        int at = i;
-        for (; at > 0 && m_choice_count[i] < m_choice_count[m_row[at - 1]]; --at)
-            m_row[at] = m_row[at - 1];
-        m_row[at] = i;
+        m_row[i] = i;
     }
+    const FewerChoices fewer = {m_choice_count};
+    std::sort(m_row, m_row + m_n, fewer);
 }
 
 /// A column is taken only after its lower twins.
@@ -41,7 +54,7 @@ bool OrderListing::is_open(int column) const
 
 bool OrderListing::descend(int level, double slack)
 {
-    if (level == n) {
+    if (level == m_n) {
         return m_visitor->visit_order(m_order);
     }
     const int i = m_row[level];

@@ -39,7 +39,7 @@ private:
 
     const Assignment& m_solved;
     const OrderContest& m_contest;
-    const int n;
+    const int m_n;
     OrderVisitor* m_visitor;
     int m_steps_left;
     int m_row[Assignment::capacity]; // rows, those with the fewest choices first

@@ -64,6 +64,7 @@ public:
 private:
     void enter_sound_orders();
     void enter_doubtful_orders();
+    double first_walk_work() const;
     double rotation_work() const;
 
     const int m_n;
@@ -90,16 +91,26 @@ double OrderSearch::rotation_work() const
     return 0.1 * std::tgamma(m_n + 1.0) * fit_work(m_n, true);
 }
 
+/// How long to walk before cells are looked at: the number of orders within reach grows with the
+/// residual and the number of points. Only the time depends on this.
+double OrderSearch::first_walk_work() const
+{
+    const double most = 5.5; // times the radius of the object
+    const double bound_work = 60.0;
+    const double radius = std::sqrt(m_points.reference_sum / m_n);
+    const bool is_promising = m_n * m_contest.ceiling() * m_points.unit < most * radius;
+    return (is_promising ? 100.0 : 20.0) * bound_work * m_n * m_n;
+}
+
 void OrderSearch::enter_sound_orders()
 {
-    const double bound_work = 60.0;
-    const double quick_walk = 100.0 * bound_work * m_n * m_n;
     OrderWalk walk(m_points, m_shapes, &m_contest, &m_budget, m_tolerance);
     if (m_n > walk_only_count) {
         RotationSearch rotations(m_points, &m_contest, &m_budget, m_tolerance);
-        rotations.enter_good_orders();
-        if (m_contest.has_success() && walk.enter_orders(quick_walk))
+        rotations.enter_guessed_orders();
+        if (m_contest.has_success() && walk.enter_orders(first_walk_work()))
             return;
+        rotations.enter_good_orders();
         if ((m_contest.has_success() || m_n > always_exact_count)
             && rotations.enter_orders_within_reach(rotation_work()))
             return;
@@ -125,6 +136,7 @@ bool OrderSearch::run(int* order)
         enter_sound_orders();
     if (!m_shapes.has_only_sound())
         enter_doubtful_orders();
+    m_budget.tell_end();
     return !m_budget.is_over() && m_contest.winner(order);
 }
 

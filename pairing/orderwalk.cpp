@@ -14,7 +14,10 @@ namespace
 struct Farther
 {
     const double* squares;
-    bool operator()(int i, int j) const { return squares[i] > squares[j]; }
+    bool operator()(int i, int j) const
+    {
+        return squares[i] != squares[j] ? squares[i] > squares[j] : i < j;
+    }
 };
 
 void sort_outside_in(int* indices, double* lengths, const double* squares, int n)
@@ -24,7 +27,7 @@ void sort_outside_in(int* indices, double* lengths, const double* squares, int n
         indices[i] = i;
         lengths[i] = std::sqrt(squares[i]);
     }
-    std::stable_sort(indices, indices + n, farther);
+    std::sort(indices, indices + n, farther);
 }
 
 } // namespace

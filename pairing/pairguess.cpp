@@ -9,8 +9,7 @@
 namespace
 {
 
-const int reference_pairs = 3;
-const int guesses_per_pair = pair_guesses / reference_pairs;
+const int reference_pairs = pair_guesses / guesses_per_pair;
 
 double dot(const double* a, const double* b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
@@ -91,10 +90,12 @@ int find_guesses(const CenteredPoints& points, const int* reference, Guess* gues
                                  {j, k}};
             if (j == k || (count == guesses_per_pair && !(guess < guesses[count - 1])))
                 continue;
-            int at = count < guesses_per_pair ? count++ : count - 1;
-            for (; at > 0 && guess < guesses[at - 1]; --at)
-                guesses[at] = guesses[at - 1];
-            guesses[at] = guess;
+            if (count == guesses_per_pair)
+                --count;
+            Guess* const place = std::upper_bound(guesses, guesses + count, guess);
+            std::copy_backward(place, guesses + count, guesses + count + 1);
+            *place = guess;
+            ++count;
         }
     return count;
 }
@@ -115,7 +116,7 @@ int guess_rotations(const CenteredPoints& points, double (*quaternions)[4])
             for (int k = 0; k < 2; ++k)
                 add_pair(H, points.reference[reference[k]],
                          points.measured[guesses[g].measured[k]]);
-            best_rotation(H, quaternions[written++]);
+            likely_rotation(H, quaternions[written++]);
         }
     }
     return written;

@@ -6,7 +6,8 @@
 
 enum
 {
-    pair_guesses = 18 ///< most rotations that guess_rotations gives
+    guesses_per_pair = 6,               ///< of two reference points, the best one first
+    pair_guesses = 3 * guesses_per_pair ///< most rotations that guess_rotations gives
 };
 
 /// As the centroids belong together, two pairs give a rotation. Takes a few pairs of reference

@@ -1,6 +1,7 @@
 #include "pairing/rotationcaps.h"
 
 #include "pairing/rotationfit.h"
+#include "pairing/searchbudget.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +23,8 @@ double distance(const double* a, const double* b)
 
 } // namespace
 
-RotationCaps::RotationCaps(const CenteredPoints& points) : m_points(points), m_count(0)
+RotationCaps::RotationCaps(const CenteredPoints& points, SearchBudget* budget)
+    : m_points(points), m_budget(budget), m_count(0)
 {
     for (int i = 0; i < points.n; ++i) {
         m_outside_in[i] = i;
@@ -74,6 +76,7 @@ bool RotationCaps::fits(const int* group, const int* triple, int last, double sh
 
 bool RotationCaps::add_caps(const int* group, double share)
 {
+    const double triple_work = 5.0;
     const int n = m_points.n;
     int t[group_size];
     for (t[0] = 0; t[0] < n; ++t[0]) {
@@ -82,6 +85,9 @@ bool RotationCaps::add_caps(const int* group, double share)
         for (t[1] = 0; t[1] < n; ++t[1]) {
             if (!fits(group, t, 1, share))
                 continue;
+            m_budget->spend(triple_work * n);
+            if (m_budget->is_over())
+                return false;
             for (t[2] = 0; t[2] < n; ++t[2])
                 if (fits(group, t, 2, share) && !add_cap(group, t, share))
                     return false;

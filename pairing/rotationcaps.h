@@ -4,6 +4,8 @@
 
 #include "pairing/centeredpoints.h"
 
+class SearchBudget;
+
 /// Split the reference points into groups. If all points together have the sum of squared distances
 /// E, then in some group the sum is not above the group's share of E (by its number of points), for
 /// else the total would be. So if for each group all triples of measured points are found that fit
@@ -21,10 +23,11 @@ public:
         capacity = 600
     };
 
-    explicit RotationCaps(const CenteredPoints& points);
+    /// Both must outlive the caps.
+    RotationCaps(const CenteredPoints& points, SearchBudget* budget);
 
     /// Finds the caps for orders with a sum of products of at least `least_trace`. Returns false if
-    /// there are too many; then nothing may be left out.
+    /// there are too many or the budget is over; then nothing may be left out.
     bool find(double least_trace);
 
     int count() const { return m_count; }
@@ -57,6 +60,7 @@ private:
     bool fits(const int* group, const int* triple, int last, double share) const;
 
     const CenteredPoints& m_points;
+    SearchBudget* m_budget;
     int m_outside_in[trafo3d_max_points]; // reference points by falling distance to the centroid
     double m_reference_radius[trafo3d_max_points];
     double m_measured_radius[trafo3d_max_points];

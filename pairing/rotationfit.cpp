@@ -40,17 +40,66 @@ double off_diagonal(const double (*A)[4])
     return sum;
 }
 
-/// Determinant of four columns, with the opposite sign.
-double determinant(const double* a, const double* b, const double* c, const double* d)
+/// out = a vector at right angles to the three others.
+void set_normal(double* out, const double* a, const double* b, const double* c)
 {
-    double sum = 0.0;
-    for (int r = 0; r < 4; ++r) { // by the last vector, the signs alternate
+    for (int r = 0; r < 4; ++r) { // the minors of a determinant, with alternating signs
         const int x = (r + 1) % 4, y = (r + 2) % 4, z = (r + 3) % 4;
         const double minor = a[x] * (b[y] * c[z] - b[z] * c[y]) - a[y] * (b[x] * c[z] - b[z] * c[x])
                              + a[z] * (b[x] * c[y] - b[y] * c[x]);
-        sum += r % 2 == 0 ? d[r] * minor : -d[r] * minor;
+        out[r] = r % 2 == 0 ? minor : -minor;
     }
-    return sum;
+}
+
+/// Determinant of four columns, with the opposite sign.
+double determinant(const double* a, const double* b, const double* c, const double* d)
+{
+    double normal[4];
+    set_normal(normal, a, b, c);
+    return quaternion_dot(normal, d);
+}
+
+/// Characteristic polynomial x^4 + c2 x^2 + c1 x + c0 of N(H). c0 = det N follows from det H,
+/// |H|^2 and the squares of the cofactors: with the singular values s (the last signed) the
+/// eigenvalues are s1 + s2 + s3, s1 - s2 - s3 and so on.
+struct Quartic
+{
+    explicit Quartic(const double (*H)[3]);
+    double slope(double x) const { return (4.0 * x * x + 2.0 * c2) * x + c1; }
+    double operator()(double x) const { return ((x * x + c2) * x + c1) * x + c0; }
+
+    double squares; ///< |H|^2
+    double c2, c1, c0;
+};
+
+Quartic::Quartic(const double (*H)[3]) : squares(matrix_dot(H, H)), c2(-2.0 * squares)
+{
+    double cofactors[3][3];
+    for (int r = 0; r < 3; ++r) {
+        const double* u = H[(r + 1) % 3];
+        const double* v = H[(r + 2) % 3];
+        cofactors[r][0] = u[1] * v[2] - u[2] * v[1];
+        cofactors[r][1] = u[2] * v[0] - u[0] * v[2];
+        cofactors[r][2] = u[0] * v[1] - u[1] * v[0];
+    }
+    c1 = -8.0 * (H[0][0] * cofactors[0][0] + H[0][1] * cofactors[0][1] + H[0][2] * cofactors[0][2]);
+    c0 = squares * squares - 4.0 * matrix_dot(cofactors, cofactors);
+}
+
+/// Newton's method from above, where the polynomial is convex.
+double largest_root(const Quartic& quartic)
+{
+    const int most_steps = 20; // five are usual; where two roots coincide each halves the error
+    const double enough = 1e-12;
+    double x = std::sqrt(3.0 * quartic.squares);
+    for (int step = 0; step < most_steps; ++step) {
+        const double slope = quartic.slope(x);
+        const double change = slope > 0.0 ? quartic(x) / slope : 0.0;
+        x -= change;
+        if (!(change > enough * x))
+            break;
+    }
+    return x;
 }
 
 } // namespace
@@ -71,42 +120,50 @@ void quaternion_form(double (*out)[4], const double (*H)[3])
 
 bool trace_stays_below(const double (*H)[3], double limit)
 {
-    // Characteristic polynomial x^4 + c2 x^2 + c1 x + c0; all its roots are real, so x lies beyond
-    // the largest one exactly if the polynomial and all its derivatives are positive there.
-    // c0 = det N follows from det H, |H|^2 and the squares of the cofactors: with the singular
-    // values s (the last signed) the eigenvalues are s1 + s2 + s3, s1 - s2 - s3 and so on.
+    // As all roots are real, x lies beyond the largest one exactly if the polynomial and all its
+    // derivatives are positive there.
     //
     // Where the two largest roots nearly coincide the polynomial is small beside its terms. The
     // second derivative is positive only for |H|^2 < 3 x^2, where c2 x^2, c1 x and c0 are at most
     // 6, 8 and 12 times x^4; each is reached with fewer than 20 roundings of 1.2e-16, which makes
     // 6e-14 x^4 together. This covers it, and the derivatives with x^3 and x^2.
     const double rounding = 4e-13;
+    const double smallest = 1e-70; // whose fourth power is a normal number
     const double x = limit;
-    double squares = 0.0;
-    for (int r = 0; r < 3; ++r)
-        for (int c = 0; c < 3; ++c)
-            squares += H[r][c] * H[r][c];
-    const double c2 = -2.0 * squares;
     const double x2 = x * x;
-    if (!(x > 0.0 && 6.0 * x2 + c2 > rounding * x2))
+    if (!(x > smallest && (6.0 - rounding) * x2 > 2.0 * matrix_dot(H, H)))
         return false;
+    const Quartic quartic(H);
+    return quartic.slope(x) > rounding * x2 * x && quartic(x) > rounding * x2 * x2;
+}
 
-    double cofactors[3][3];
-    for (int r = 0; r < 3; ++r) {
-        const double* u = H[(r + 1) % 3];
-        const double* v = H[(r + 2) % 3];
-        cofactors[r][0] = u[1] * v[2] - u[2] * v[1];
-        cofactors[r][1] = u[2] * v[0] - u[0] * v[2];
-        cofactors[r][2] = u[0] * v[1] - u[1] * v[0];
+double likely_rotation(const double (*H)[3], double* quaternion)
+{
+    const double clear = 1e-10; // beside it the two largest roots are far apart
+    const Quartic quartic(H);
+    const double root = largest_root(quartic);
+    double N[4][4];
+    quaternion_form(N, H);
+    for (int r = 0; r < 4; ++r)
+        N[r][r] -= root;
+    double largest = clear * quartic.squares * quartic.squares * quartic.squares;
+    double longest[4];
+    bool found = false;
+    for (int k = 0; k < 4; ++k) {
+        double v[4];
+        set_normal(v, N[(k + 1) % 4], N[(k + 2) % 4], N[(k + 3) % 4]);
+        const double square = quaternion_dot(v, v);
+        if (!(square > largest))
+            continue;
+        found = true;
+        largest = square;
+        std::copy(v, v + 4, longest);
     }
-    const double determinant =
-        H[0][0] * cofactors[0][0] + H[0][1] * cofactors[0][1] + H[0][2] * cofactors[0][2];
-    const double c1 = -8.0 * determinant;
-    if (!((4.0 * x2 + 2.0 * c2) * x + c1 > rounding * x2 * x))
-        return false;
-
-    const double c0 = squares * squares - 4.0 * matrix_dot(cofactors, cofactors);
-    return ((x2 + c2) * x + c1) * x + c0 > rounding * x2 * x2;
+    if (!found)
+        return best_rotation(H, quaternion);
+    for (int r = 0; r < 4; ++r)
+        quaternion[r] = longest[r] / std::sqrt(largest);
+    return root;
 }
 
 double best_rotation(const double (*H)[3], double* quaternion, double* second)

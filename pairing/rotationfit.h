@@ -18,6 +18,10 @@ bool trace_stays_below(const double (*H)[3], double limit);
 /// second largest eigenvalue, too, if asked for.
 double best_rotation(const double (*H)[3], double* quaternion, double* second = nullptr);
 
+/// The same, but for an occasional eigenvalue that is right to half of the digits only; its vector
+/// is a good one, then, not the best. Many times faster: for guesses, not for bounds.
+double likely_rotation(const double (*H)[3], double* quaternion);
+
 /// out = the matrix B(p, q) with <B(p, q), H> = p^T N(H) q. B(q, q) is the rotation of a unit q.
 void rotation_product(double (*out)[3], const double* p, const double* q);
 

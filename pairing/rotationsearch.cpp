@@ -36,8 +36,8 @@ RotationSearch::RotationSearch(const CenteredPoints& points, OrderContest* conte
                                SearchBudget* budget, double tolerance)
     : m_points(points), m_contest(contest), m_budget(budget), m_tolerance(tolerance),
       m_floor_trace(-infinity), m_top_trace(-infinity), m_last_work(infinity), m_listed(nullptr),
-      m_listing(m_assignment, *contest, points.n), m_caps(points), m_caps_hold(false),
-      m_cell_product_of(), m_cell_product_count(0)
+      m_guess_count(0), m_listing(m_assignment, *contest, points.n), m_caps(points, budget),
+      m_caps_hold(false), m_cell_product_count(0)
 {
     // With these a row prefers the nearest point, as it should if the lists fit well.
     for (int j = 0; j < points.n; ++j)

@@ -5,6 +5,7 @@
 #include "pairing/assignment.h"
 #include "pairing/centeredpoints.h"
 #include "pairing/orderlisting.h"
+#include "pairing/pairguess.h"
 #include "pairing/rotationcaps.h"
 #include "pairing/rotationcells.h"
 
@@ -35,6 +36,10 @@ public:
     /// points' unit. All must outlive the search.
     RotationSearch(const CenteredPoints& points, OrderContest* contest, SearchBudget* budget,
                    double tolerance);
+
+    /// Enters a few orders guessed from pairs of points, usually enough for lists that fit well.
+    /// To be called before the others.
+    void enter_guessed_orders();
 
     /// Enters good orders, until one has succeeded and some more. Follows alternating best
     /// rotations and best assignments from the most promising corners until they settle.
@@ -86,8 +91,8 @@ private:
         short caps[RotationCaps::capacity];
     };
 
+    bool fits_well() const;
     Seed make_seed(const double* quaternion);
-    void climb_from_best(Seed* seeds, int count, int climbs);
     void visit_cells();
     void visit_cell(int cell, const NearCaps& caps);
     void visit(const Tetrahedron& t, const NearCaps& caps);
@@ -115,6 +120,8 @@ private:
     double m_top_trace;          // of all orders met so far
     double m_last_work;          // spent from the budget when this search ends
     const Tetrahedron* m_listed; // whose orders are being listed
+    double m_guesses[pair_guesses][4];
+    int m_guess_count;
     double m_start_price[trafo3d_max_points];
     Assignment m_assignment;
     OrderListing m_listing;

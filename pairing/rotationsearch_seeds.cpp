@@ -4,14 +4,13 @@
 #include "pairing/ordercontest.h"
 #include "pairing/pairguess.h"
 #include "pairing/rotationfit.h"
+#include "pairing/searchbudget.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace
 {
-
-static_assert(int(pair_guesses) <= int(RotationCells::vertex_count), "seeds hold both");
 
 const double infinity = std::numeric_limits<double>::infinity();
 
@@ -30,11 +29,27 @@ void RotationSearch::climb(const double* start)
         solve(&product, -infinity);
         former = trace;
         double quaternion[4];
-        trace = best_rotation(product.H, quaternion);
+        trace = likely_rotation(product.H, quaternion);
         rotation_product(product.M, quaternion, quaternion);
     } while (trace > former + least_gain && ++round < most_rounds);
     m_top_trace = std::max(m_top_trace, trace);
     offer(m_assignment.column);
+}
+
+/// The best guess of each pair of reference points, as one of the two may lie elsewhere.
+void RotationSearch::enter_guessed_orders()
+{
+    m_guess_count = guess_rotations(m_points, m_guesses);
+    for (int g = 0; g < m_guess_count && !fits_well(); g += guesses_per_pair)
+        climb(m_guesses[g]);
+}
+
+/// Whether what an order leaves is small beside the object, so that a better one is unlikely.
+bool RotationSearch::fits_well() const
+{
+    const double small = 1e-4; // of the squares
+    const double half = 0.5 * (m_points.reference_sum + m_points.measured_sum);
+    return m_contest->has_success() && m_least_trace > (1.0 - small) * half;
 }
 
 RotationSearch::Seed RotationSearch::make_seed(const double* quaternion)
@@ -43,31 +58,22 @@ RotationSearch::Seed RotationSearch::make_seed(const double* quaternion)
     init(&product, quaternion, quaternion, m_start_price);
     solve(&product, -infinity);
     Seed seed;
-    seed.trace = best_rotation(product.H, seed.quaternion);
+    seed.trace = likely_rotation(product.H, seed.quaternion);
     return seed;
-}
-
-void RotationSearch::climb_from_best(Seed* seeds, int count, int climbs)
-{
-    std::sort(seeds, seeds + count);
-    for (int s = 0; s < count; ++s)
-        if (s < climbs || !m_contest->has_success())
-            climb(seeds[s].quaternion);
 }
 
 void RotationSearch::enter_good_orders()
 {
-    const int climbs = 6; // at least
-    double guesses[pair_guesses][4];
-    Seed seeds[RotationCells::vertex_count];
-    const int guess_count = guess_rotations(m_points, guesses);
-    for (int g = 0; g < guess_count; ++g)
-        seeds[g] = make_seed(guesses[g]);
-    climb_from_best(seeds, guess_count, climbs);
-    if (m_contest->has_success())
-        return;
     const RotationCells& cells = RotationCells::instance();
+    Seed seeds[RotationCells::vertex_count + pair_guesses];
+    int count = 0;
     for (int v = 0; v < RotationCells::vertex_count; ++v)
-        seeds[v] = make_seed(cells.vertices[v]);
-    climb_from_best(seeds, RotationCells::vertex_count, climbs);
+        seeds[count++] = make_seed(cells.vertices[v]);
+    for (int g = 0; g < m_guess_count; ++g)
+        seeds[count++] = make_seed(m_guesses[g]);
+    const int climbs = 6; // at least
+    std::sort(seeds, seeds + count);
+    for (int s = 0; s < count && !m_budget->is_over(); ++s)
+        if (s < climbs || !m_contest->has_success())
+            climb(seeds[s].quaternion);
 }

@@ -25,4 +25,10 @@ void SearchBudget::spend(double work)
     m_is_over = m_observer && !m_observer->go_on(m_progress);
 }
 
+void SearchBudget::tell_end()
+{
+    if (m_observer)
+        m_observer->ended(m_progress, !m_is_over);
+}
+
 double fit_work(int n, bool succeeded) { return succeeded ? 2e3 + 150.0 * n : 4e3 + 500.0 * n; }

@@ -18,6 +18,9 @@ public:
     void count_fit() { ++m_progress.fits; }
     void set_best_residual(double residual) { m_progress.best_residual = residual; }
 
+    /// Tells the observer that the search is done.
+    void tell_end();
+
     /// Whether the search has to end, without a result.
     bool is_over() const { return m_is_over; }
 

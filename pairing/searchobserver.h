@@ -16,6 +16,10 @@ public:
     /// False ends the search: it is not asked again, and no order is found.
     virtual bool go_on(const SearchProgress& progress) = 0;
 
+    /// Told once after each search. Unless it is complete it was ended before all orders that can
+    /// win were fitted, by go_on or because it would have taken too much work.
+    virtual void ended(const SearchProgress& /*progress*/, bool /*is_complete*/) {}
+
 protected:
     ~SearchObserver() {}
 };
