@@ -6,7 +6,7 @@
 
 class IOManager;
 
-/// The messages shown if a write fails; they differ with who writes, and why.
+/// The messages shown if a write fails; they differ with who writes, and why. Null is silence.
 struct WriteMessages
 {
     const char* rotation;

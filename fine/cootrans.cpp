@@ -43,8 +43,9 @@ CooTrans::CooTrans(IOManager* io_manager, BackendVersions* backend_versions,
 
 CooTrans::~CooTrans()
 {
+    // In silence: a message could run an event loop, and half of the dialog is gone already.
     if (round_trip && !oldTrafoIsDefault())
-        writeOldExtraTrafo();
+        writeOldExtraTrafo(false);
     // Its Qt parent is the host's window, which outlives the module: nothing may stay behind there.
     delete matching_owner;
 }

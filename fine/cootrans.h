@@ -133,7 +133,7 @@ private:
     void setOldExtraTrafo(const RoomAdjustmentData& data);
     bool oldTrafoIsDefault() const;
     bool readOldExtraTrafo();
-    void writeOldExtraTrafo();
+    void writeOldExtraTrafo(bool tell);
 
     Ui_CooTransClass ui;
     IOManager* io_manager;

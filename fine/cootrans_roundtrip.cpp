@@ -149,14 +149,14 @@ void CooTrans::restoreOldExtraTrafo()
     stop_tracking(io_manager);
     if (!self)
         return;
-    writeOldExtraTrafo();
+    writeOldExtraTrafo(true);
     if (self && !isWindowClosed())
         start_tracking(io_manager);
 }
 
 /// Touches no member after the first word to the controller: its host may show a message meanwhile,
 /// and this tab may be deleted behind it.
-void CooTrans::writeOldExtraTrafo()
+void CooTrans::writeOldExtraTrafo(bool tell)
 {
     RoomAdjustmentData old;
     std::copy(old_translation, old_translation + 3, old.translation);
@@ -165,7 +165,8 @@ void CooTrans::writeOldExtraTrafo()
     const WriteMessages messages = {vocabulary::cannot_restore_rotation,
                                     vocabulary::cannot_restore_translation,
                                     vocabulary::cannot_restore_scaling};
-    write_extra_transformation(io_manager, old, messages);
+    const WriteMessages silence = {nullptr, nullptr, nullptr};
+    write_extra_transformation(io_manager, old, tell ? messages : silence);
 }
 
 void CooTrans::applyTrafo(const bsMatrix& matrix)

@@ -308,7 +308,8 @@ private:
             const bool told = begins_with(next, "message ");
             if (told && !failed && !odd)
                 return "a message without a failure: " + next;
-            if ((failed || odd) && !is_prescribed(log[i], told ? next.substr(8) : "", odd))
+            if ((failed || odd)
+                && !is_prescribed(log[i], told ? next.substr(8) : "", odd || !m_dialog))
                 return "not prescribed after '" + log[i] + "': " + next;
             record_unread |= (failed || odd) && begins_with(log[i], "get tracking extra_");
             stop_failed |= (failed || odd)
