@@ -32,6 +32,7 @@ namespace
 const int triple_size = 3;
 const int always_exact_count = 10; // points
 const int walk_only_count = 5; // points; trying their orders is quicker than looking for good ones
+const int guesses_only_count = 6; // points; with more, looking for good orders further pays
 const double infinity = std::numeric_limits<double>::infinity();
 
 bool are_finite(const double (*points)[3], int n)
@@ -110,8 +111,9 @@ void OrderSearch::enter_sound_orders()
         rotations.enter_guessed_orders();
         if (m_contest.has_success() && walk.enter_orders(first_walk_work()))
             return;
-        rotations.enter_good_orders();
-        if ((m_contest.has_success() || m_n > always_exact_count)
+        if (m_n > guesses_only_count)
+            rotations.enter_good_orders();
+        if (m_n > guesses_only_count && (m_contest.has_success() || m_n > always_exact_count)
             && rotations.enter_orders_within_reach(rotation_work()))
             return;
     }
