@@ -14,7 +14,6 @@
 #include <QUdpSocket>
 #include <QtTest>
 #include <csignal>
-#include <memory>
 #include <sstream>
 
 using namespace simulator;
@@ -56,6 +55,15 @@ struct RunningSimulator
     }
     QByteArray ask(const QByteArray& request) { return ask(socket, request); }
 
+    /// Rows "request > reply" parted by semicolons.
+    void converse(const QByteArray& rows)
+    {
+        for (const QByteArray& row : rows.split(';')) {
+            const int arrow = row.indexOf(" > ");
+            QCOMPARE(ask(row.left(arrow)), row.mid(arrow + 3));
+        }
+    }
+
     static QByteArray read_line(QTcpSocket& client)
     {
         while (!client.canReadLine() && client.waitForReadyRead(patience)) {
@@ -92,15 +100,16 @@ class TestSimulatorProgram : public QObject
 private slots:
     void initTestCase() { install_fatal_logger(); }
 
-    void it_says_where_it_listens()
+    void it_says_where_it_listens_and_ends_with_its_parent()
     {
         RunningSimulator s({"--cameras", "7", "--tools", "3", "--backend", "0.16.2",
-                            "--coordinate-type", "powerwall"});
+                            "--coordinate-type", "powerwall", "--exit-with-parent"});
         QVERIFY(s.first_line.startsWith("listening 127.0.0.1:") && s.first_line.endsWith('\n'));
-        QCOMPARE(s.ask("get camera number_of_cameras"), QByteArray("ok 7"));
-        QCOMPARE(s.ask("get measurementtool number_of_tools\r"), QByteArray("ok 3"));
-        QCOMPARE(s.ask("get roomcal coordinate_type"), QByteArray("ok powerwall"));
-        QCOMPARE(s.ask("sim version"), QByteArray("ok 0 16 2"));
+        s.converse("get camera number_of_cameras > ok 7;get roomcal coordinate_type > ok powerwall;"
+                   "get measurementtool number_of_tools\r > ok 3;sim version > ok 0 16 2");
+        s.process.closeWriteChannel();
+        QVERIFY(s.process.waitForFinished(patience));
+        QCOMPARE(s.process.exitCode(), 0);
     }
 
     void data_arrive_at_the_frame_rate()
@@ -181,14 +190,13 @@ private slots:
         QVERIFY(endless.state() == QAbstractSocket::UnconnectedState
                 || endless.waitForDisconnected(patience));
 
-        std::vector<std::unique_ptr<QTcpSocket>> crowd;
-        for (int i = 0; i < 20; ++i) {
-            crowd.push_back(std::make_unique<QTcpSocket>());
-            s.connect_to(*crowd.back());
+        {
+            std::vector<QTcpSocket> crowd(20);
+            for (QTcpSocket& client : crowd)
+                s.connect_to(client);
+            QCOMPARE(s.read_line(crowd.back()), QByteArray("error too many connections"));
+            QCOMPARE(s.ask("get status active"), QByteArray("ok idle"));
         }
-        QCOMPARE(s.read_line(*crowd.back()), QByteArray("error too many connections"));
-        QCOMPARE(s.ask("get status active"), QByteArray("ok idle"));
-        crowd.clear();
         QTcpSocket late;
         QTRY_VERIFY_WITH_TIMEOUT(
             (late.abort(), s.connect_to(late), s.ask(late, "sim version") == "ok 1 20 0"),
@@ -200,21 +208,20 @@ private slots:
         RunningSimulator s;
         const QByteArray now = QByteArray::number(QDateTime::currentMSecsSinceEpoch());
         const QByteArray longest(RequestLabels::max_label_length, 'x');
-        for (const QByteArray& row :
-             {QByteArray("#a-1 sim lock > #a-1 ok"),
-              QByteArray("#b@1 sim unlock > #b error too late, nothing was done"),
-              '#' + longest + '@' + now + "99 get status active > #" + longest + " ok idle",
-              QByteArray(
-                  "#c set tracking extra_scaling 1.1 > #c error the configuration is locked"),
-              QByteArray("sim outcome a-1 > ok done ok"),
-              QByteArray("sim outcome b > ok done error too late, nothing was done"),
-              QByteArray("#d sim outcome c > #d ok done error the configuration is locked"),
-              QByteArray("sim outcome other > ok none")})
-            QCOMPARE(s.ask(row.left(row.indexOf(" > "))), row.mid(row.indexOf(" > ") + 3));
-        for (const QByteArray& bad :
-             {QByteArray("# sim lock"), QByteArray("#a"), '#' + longest + "x sim lock",
-              QByteArray("#a@ sim lock"), QByteArray("#a@x sim lock"), QByteArray("#a_b sim lock"),
-              QByteArray("##a sim lock"), QByteArray("#a #a sim lock")})
+        s.converse("#a-1 sim lock > #a-1 ok;"
+                   "#b@1 sim unlock > #b error too late, nothing was done;"
+                   "#"
+                   + longest + '@' + now + "99 get status active > #" + longest
+                   + " ok idle;"
+                     "#c set tracking extra_scaling 1.1 > #c error the configuration is locked;"
+                     "sim outcome a-1 > ok done ok;"
+                     "sim outcome b > ok done error too late, nothing was done;"
+                     "#d sim outcome c > #d ok done error the configuration is locked;"
+                     "sim outcome other > ok none");
+        for (const QByteArray& bad : ("#" + longest
+                                      + "x sim lock;# sim lock;#a;#a@ sim lock;"
+                                        "#a@x sim lock;#a_b sim lock;##a sim lock;#a #a sim lock")
+                                         .split(';'))
             QVERIFY2(s.ask(bad).contains("error"), bad);
     }
 
@@ -245,8 +252,7 @@ private slots:
         QCOMPARE(s.ask("sim points"), "ok " + name.toUtf8());
         QFile file(name);
         QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray text = file.readAll();
-        std::istringstream stream(text.toStdString());
+        std::istringstream stream(file.readAll().toStdString());
         std::vector<bsVector> read;
         QVERIFY(read_reference_points(stream, read));
         QByteArray expected = "ok";
@@ -255,15 +261,6 @@ private slots:
         QCOMPARE(s.ask("sim object"), expected);
         RunningSimulator nowhere({"--points", folder.filePath("with blank")});
         QVERIFY(nowhere.ask("sim points").startsWith("error "));
-    }
-
-    void it_ends_with_its_parent()
-    {
-        RunningSimulator s({"--exit-with-parent"});
-        QCOMPARE(s.ask("get status active"), QByteArray("ok idle"));
-        s.process.closeWriteChannel();
-        QVERIFY(s.process.waitForFinished(patience));
-        QCOMPARE(s.process.exitCode(), 0);
     }
 
     void bad_options_are_refused()

@@ -30,6 +30,26 @@ Button* button(const QWidget& window, const QString& text)
     return nullptr;
 }
 
+/// A simulator and its window on the screen.
+struct Shown
+{
+    Shown()
+    {
+        window.resize(900, 700);
+        window.show();
+    }
+    QPushButton* push(const char* text) const { return button<QPushButton>(window, text); }
+    bool checked(const char* text) const { return button<QCheckBox>(window, text)->isChecked(); }
+    QPointF place(size_t point) const
+    {
+        return RoomProjection(view->rect())(s.world.object_point(int(point)));
+    }
+
+    Simulator s{Setup()};
+    SimulatorWindow window{s};
+    RoomView* view = window.findChild<RoomView*>();
+};
+
 } // namespace
 
 class TestSimulatorWindow : public QObject
@@ -41,70 +61,55 @@ private slots:
 
     void a_click_on_a_point_puts_the_tip_there()
     {
-        Simulator s({});
-        SimulatorWindow window(s);
+        Shown w;
         for (const QSize& size : {QSize(700, 520), QSize(1400, 900)}) {
-            window.resize(size);
-            window.show();
-            auto* view = window.findChild<RoomView*>();
-            const RoomProjection projection(view->rect());
-            for (size_t i = 0; i < s.world.points.size(); ++i) {
-                const QPointF place = projection(s.world.object_point(int(i)));
-                QCOMPARE(view->point_at(place), int(i));
-                QTest::mouseClick(view, Qt::LeftButton, {}, place.toPoint());
-                const Vec3 off = s.world.tools[0].tip - s.world.object_point(int(i));
+            w.window.resize(size);
+            for (size_t i = 0; i < w.s.world.points.size(); ++i) {
+                QCOMPARE(w.view->point_at(w.place(i)), int(i));
+                QTest::mouseClick(w.view, Qt::LeftButton, {}, w.place(i).toPoint());
+                const Vec3 off = w.s.world.tools[0].tip - w.s.world.object_point(int(i));
                 QVERIFY(dot(off, off) < 1e-12);
             }
-            QCOMPARE(view->point_at({5, 5}), -1);
+            QCOMPARE(w.view->point_at({5, 5}), -1);
         }
     }
 
     void one_gesture_or_key_touches_and_measures()
     {
-        Simulator s({});
-        SimulatorWindow window(s);
-        window.resize(900, 700);
-        window.show();
-        converse(s, "do tracking start; sim duration 0.001");
-        auto* view = window.findChild<RoomView*>();
-        const auto at = [&](int i) {
-            return RoomProjection(view->rect())(s.world.object_point(i)).toPoint();
-        };
+        Shown w;
+        converse(w.s, "do tracking start; sim duration 0.001");
         const auto measured = [&](const char* numbers) {
             for (int i = 0; i < 5; ++i)
-                s.step();
-            return s.answer("sim measured").text == numbers;
+                w.s.step();
+            return w.s.answer("sim measured").text == numbers;
         };
-        QTest::mouseDClick(view, Qt::LeftButton, {}, QPoint(5, 5));
+        QTest::mouseDClick(w.view, Qt::LeftButton, {}, QPoint(5, 5));
         QVERIFY(measured("ok"));
-        QTest::mouseClick(view, Qt::LeftButton, {}, at(2));
-        QTest::mouseDClick(view, Qt::LeftButton, {}, at(2));
+        QTest::mouseClick(w.view, Qt::LeftButton, {}, w.place(2).toPoint());
+        QTest::mouseDClick(w.view, Qt::LeftButton, {}, w.place(2).toPoint());
         QVERIFY(measured("ok 3"));
-        QTest::keyClick(button<QPushButton>(window, "Measure"), Qt::Key_6);
-        QTest::keyClick(view, Qt::Key_Space);
+        QTest::keyClick(w.push("Measure"), Qt::Key_6);
+        QTest::keyClick(w.view, Qt::Key_Space);
         QVERIFY(measured("ok 3 6"));
-        QTest::mouseMove(view, at(0));
-        QTest::keyClick(view, Qt::Key_Space);
+        QTest::mouseMove(w.view, w.place(0).toPoint());
+        QTest::keyClick(w.view, Qt::Key_Space);
         QVERIFY(measured("ok 3 6 1"));
-        converse(s, "sim move 0 0 0; sim measure");
+        converse(w.s, "sim move 0 0 0; sim measure");
         QVERIFY(measured("ok 3 6 1 0"));
-        button<QPushButton>(window, "Clear the marks")->click();
+        w.push("Clear the marks")->click();
         QVERIFY(measured("ok"));
     }
 
     void arrows_reach_every_point()
     {
-        Simulator s({});
-        SimulatorWindow window(s);
-        window.show();
-        auto* view = window.findChild<RoomView*>();
-        converse(s, "sim touch 1");
+        Shown w;
+        converse(w.s, "sim touch 1");
         std::set<int> reached;
         for (int i = 0; i < 16; ++i) {
-            QTest::keyClick(view, i < 8 ? Qt::Key_Left : Qt::Key_Right);
-            reached.insert(s.world.touched_point(s.world.tools[0]));
+            QTest::keyClick(w.view, i < 8 ? Qt::Key_Left : Qt::Key_Right);
+            reached.insert(w.s.world.touched_point(w.s.world.tools[0]));
         }
-        QCOMPARE(reached.size(), s.world.points.size());
+        QCOMPARE(reached.size(), w.s.world.points.size());
     }
 
     void colors_can_be_read_on_every_palette()
@@ -143,55 +148,40 @@ private slots:
         }
     }
 
-    void the_points_can_be_pasted()
+    void buttons_do_what_they_say_and_follow_the_line()
     {
-        Simulator s({});
-        SimulatorWindow window(s);
-        button<QPushButton>(window, "Copy")->click();
+        Shown w;
+        QVERIFY(!w.push("Measure")->isEnabled());
+        w.s.answer("do tracking start");
+        QTRY_VERIFY(w.push("Measure")->isEnabled());
+        w.push("Measure")->click();
+        QVERIFY(w.s.controller.is_measuring(0));
+        w.push("Copy")->click();
         const QStringList rows = QGuiApplication::clipboard()->text().split('\n');
-        QCOMPARE(rows.size(), int(s.world.points.size()) + 1);
+        QCOMPARE(rows.size(), int(w.s.world.points.size()) + 1);
         QCOMPARE(rows[1], QString("480.40\t-62.25\t35.50"));
-    }
-
-    void buttons_do_what_they_say()
-    {
-        Simulator s({});
-        SimulatorWindow window(s);
-        auto* measure = button<QPushButton>(window, "Measure");
-        QVERIFY(!measure->isEnabled());
-        s.answer("do tracking start");
-        QTRY_VERIFY(measure->isEnabled());
-        measure->click();
-        QVERIFY(s.controller.is_measuring(0));
-
-        const auto hold = [&](const char* name, const bool& pressed) {
-            QTest::mousePress(button<QPushButton>(window, name), Qt::LeftButton);
-            QVERIFY(pressed);
-            QTest::mouseRelease(button<QPushButton>(window, name), Qt::LeftButton);
-            QVERIFY(!pressed);
-        };
-        hold("3", s.world.tools[0].pressed[2]);
-        hold("5", s.world.stick.pressed[5]);
-        button<QCheckBox>(window, "Lose the tool")->click();
-        QVERIFY(s.world.tools[0].hidden);
-        button<QCheckBox>(window, "Lock the configuration")->click();
-        QVERIFY(s.controller.is_locked());
-        s.answer("sim roomcal powerwall");
-        button<QPushButton>(window, "Take the calibration away")->click();
-        QVERIFY(!s.controller.is_calibrated());
-        button<QPushButton>(window, "Calibrate again")->click();
-        QCOMPARE(s.controller.coordinate_type(), QByteArray("powerwall"));
-    }
-
-    void the_window_follows_what_comes_over_the_line()
-    {
-        Simulator s({});
-        SimulatorWindow window(s);
-        converse(s, "sim tool 2; sim lose; sim lock; sim roomcal none");
-        QTRY_COMPARE(window.findChild<QComboBox*>()->currentText(), QString("M2"));
-        QVERIFY(button<QCheckBox>(window, "Lose the tool")->isChecked());
-        QVERIFY(button<QCheckBox>(window, "Lock the configuration")->isChecked());
-        QVERIFY(button<QPushButton>(window, "Calibrate again"));
+        for (const auto& [name, pressed] :
+             {std::pair("3", &w.s.world.tools[0].pressed[2]), {"5", &w.s.world.stick.pressed[5]}}) {
+            QTest::mousePress(w.push(name), Qt::LeftButton);
+            QVERIFY(*pressed);
+            QTest::mouseRelease(w.push(name), Qt::LeftButton);
+            QVERIFY(!*pressed);
+        }
+        button<QCheckBox>(w.window, "Lose the tool")->click();
+        QVERIFY(w.s.world.tools[0].hidden);
+        button<QCheckBox>(w.window, "Lock the configuration")->click();
+        QVERIFY(w.s.controller.is_locked());
+        w.s.answer("sim roomcal powerwall");
+        w.push("Take the calibration away")->click();
+        QVERIFY(!w.s.controller.is_calibrated());
+        w.push("Calibrate again")->click();
+        QCOMPARE(w.s.controller.coordinate_type(), QByteArray("powerwall"));
+        converse(w.s, "sim find; sim unlock");
+        QTRY_VERIFY(!w.checked("Lose the tool") && !w.checked("Lock the configuration"));
+        converse(w.s, "sim tool 2; sim lose; sim lock; sim roomcal none");
+        QTRY_COMPARE(w.window.findChild<QComboBox*>()->currentText(), QString("M2"));
+        QVERIFY(w.checked("Lose the tool") && w.checked("Lock the configuration"));
+        QVERIFY(w.push("Calibrate again"));
     }
 
     void labels_do_not_cover_each_other()
@@ -200,27 +190,27 @@ private slots:
         LabelPlacer placer(bounds);
         std::vector<QRectF> placed;
         for (int i = 0; i < 24; ++i) { // a narrow heap
-            placed.push_back(
-                placer.place({150.0 + 7 * (i % 5), 100.0 + 5 * (i / 5)}, {16, 12}, 4.0));
-        }
-        for (size_t i = 0; i < placed.size(); ++i) {
-            QVERIFY(bounds.contains(placed[i]));
-            for (size_t k = i + 1; k < placed.size(); ++k) {
-                const QRectF common = placed[i].intersected(placed[k]);
+            const QPointF anchor(150.0 + 7 * (i % 5), 100.0 + 5 * (i / 5));
+            const QRectF label = placer.place(anchor, {16, 12}, 4.0);
+            QVERIFY(bounds.contains(label));
+            for (const QRectF& other : placed) {
+                const QRectF common = label.intersected(other);
                 QVERIFY(common.width() * common.height() < 1.0);
             }
+            placed.push_back(label);
         }
     }
 
     void status_texts()
     {
         Simulator s({});
-        for (const auto& [rotation, text] :
-             {std::pair("1 0 0 0 1 0 0 0 1", "no rotation"),
-              std::pair("0 1 0 -1 0 0 0 0 1", "90.00\u00b0 about (0.00 0.00 1.00)"),
-              std::pair("0 -1 0 1 0 0 0 0 1", "90.00\u00b0 about (0.00 0.00 -1.00)"),
-              std::pair("-1 0 0 0 1 0 0 0 -1", "180.00\u00b0 about (0.00 1.00 0.00)"),
-              std::pair("0 1 0 0 0 1 1 0 0", "120.00\u00b0 about (0.58 0.58 0.58)")}) {
+        const std::pair<const char*, const char*> table[] = {
+            {"1 0 0 0 1 0 0 0 1", "no rotation"},
+            {"0 1 0 -1 0 0 0 0 1", "90.00\u00b0 about (0.00 0.00 1.00)"},
+            {"0 -1 0 1 0 0 0 0 1", "90.00\u00b0 about (0.00 0.00 -1.00)"},
+            {"-1 0 0 0 1 0 0 0 -1", "180.00\u00b0 about (0.00 1.00 0.00)"},
+            {"0 1 0 0 0 1 1 0 0", "120.00\u00b0 about (0.58 0.58 0.58)"}};
+        for (const auto& [rotation, text] : table) {
             converse(s, rotation, "set tracking extra_rotation ");
             QVERIFY2(extra_text(s.controller.extra()).contains(text), text);
         }
