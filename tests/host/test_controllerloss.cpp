@@ -13,7 +13,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -126,7 +125,7 @@ private slots:
         QFETCH(QString, moment);
         QFETCH(QString, fault);
         Controller controller;
-        QTRY_VERIFY_WITH_TIMEOUT(listens(controller.port), recovery_limit);
+        QTRY_VERIFY_WITH_TIMEOUT(tell(controller.port, "sim delay 0\n"), recovery_limit);
         Options options;
         options.plugin = PLUGIN_FILE;
         options.controller_host = "127.0.0.1";
@@ -149,7 +148,6 @@ private slots:
         stepper.pause(loss_time);
         stepper.act("look at the status", [&] {
             culprit.join();
-            picture(moment + '-' + fault);
             const QString status = shown(session);
             const bool lost = fault == "killed" || fault == "stopped";
             if (status.contains("does not answer") != lost)
@@ -178,21 +176,13 @@ private slots:
     }
 
 private:
-    static bool listens(quint16 port)
-    {
-        QTcpSocket socket;
-        socket.connectToHost("127.0.0.1", port);
-        return socket.waitForConnected(200);
-    }
-
     // On any thread.
-    static void tell(quint16 port, const QByteArray& line)
+    static bool tell(quint16 port, const QByteArray& line)
     {
         QTcpSocket socket;
         socket.connectToHost("127.0.0.1", port);
-        if (!socket.waitForConnected(1000) || socket.write(line) < 0
-            || !socket.waitForReadyRead(1000))
-            qWarning("the simulator was not told");
+        return socket.waitForConnected(1000) && socket.write(line) > 0
+               && socket.waitForReadyRead(1000);
     }
 
     static QString shown(Session& session)
@@ -206,45 +196,41 @@ private:
 
     static void commit(const QString& fault, Controller& controller)
     {
-        if (fault == "slow") {
-            tell(controller.port, "sim delay 1900\n");
-            return;
-        }
-        controller.signal(fault == "stopped" ? SIGSTOP : SIGKILL);
+        if (fault == "slow" && !tell(controller.port, "sim delay 1900\n"))
+            qWarning("the simulator was not told");
+        if (fault != "slow")
+            controller.signal(fault == "stopped" ? SIGSTOP : SIGKILL);
         if (fault == "replaced")
             controller.start();
     }
 
     static void mend(const QString& fault, Controller& controller)
     {
-        if (fault == "slow")
-            tell(controller.port, "sim delay 0\n");
-        else if (fault == "stopped")
+        if (fault == "slow" && !tell(controller.port, "sim delay 0\n"))
+            qWarning("the simulator was not told");
+        if (fault == "stopped")
             controller.signal(SIGCONT);
-        else if (fault == "killed")
+        if (fault == "killed")
             controller.start();
     }
 
-    static void open(Stepper& stepper, Session& session, std::function<void()> before = {})
+    static void open(Session& session)
     {
-        stepper.act("open", [&session, before] {
-            if (before)
-                before();
-            driver::menu_entry(session.main_window(), "Calibration", "Room adjustment").trigger();
-        });
+        driver::menu_entry(session.main_window(), "Calibration", "Room adjustment").trigger();
     }
 
     static void open_fine_tab(Stepper& stepper, Session& session)
     {
-        open(stepper, session);
+        stepper.act("open", [&session] { open(session); });
         stepper.await("the dialog", [] { return driver::visible_window(adjustment); });
         stepper.pause(100);
         stepper.act("go to the fine tab",
                     [] { driver::show_tab(driver::find<QTabWidget>(adjustment, "tabWidget"), 1); });
     }
 
-    static void await_tool(Stepper& stepper)
+    static void match(Stepper& stepper)
     {
+        stepper.act("match", [] { click(adjustment, "w_bodyMatchingButton"); });
         stepper.await("a tracked tool", [] {
             return driver::visible_window(matching)
                    && driver::find<QPushButton>(matching, "w_measureButton").isEnabled();
@@ -255,7 +241,7 @@ private:
                       const std::function<void()>& strike)
     {
         if (moment == "opening") {
-            open(stepper, session, strike);
+            stepper.act("open", [&session, strike] { strike(), open(session); });
             return;
         }
         open_fine_tab(stepper, session);
@@ -264,15 +250,11 @@ private:
             stepper.act("apply", [strike] { strike(), click(adjustment, "btn_apply"); });
             return;
         }
-        const bool matches = moment == "matching";
-        stepper.act("match", [matches, strike] {
-            if (matches)
-                strike();
-            click(adjustment, "w_bodyMatchingButton");
-        });
-        if (matches)
+        if (moment == "matching") {
+            stepper.act("match", [strike] { strike(), click(adjustment, "w_bodyMatchingButton"); });
             return;
-        await_tool(stepper);
+        }
+        match(stepper);
         stepper.act("measure", [strike] { strike(), click(matching, "w_measureButton"); });
     }
 
@@ -285,17 +267,9 @@ private:
         stepper.await("the settings", [&person] {
             return person.parameter("tracking extra_translation").front() == 77.0;
         });
-        stepper.act("match", [] { click(adjustment, "w_bodyMatchingButton"); });
-        await_tool(stepper);
-        stepper.act("close", close_one_window);
-        stepper.act("close", close_one_window);
-    }
-
-    static void picture(const QString& name)
-    {
-        const QString folder = qEnvironmentVariable("PICTURES");
-        if (!folder.isEmpty())
-            QApplication::primaryScreen()->grabWindow(0).save(folder + '/' + name + ".png");
+        match(stepper);
+        for (int i = 0; i < 2; ++i)
+            stepper.act("close", close_one_window);
     }
 };
 

@@ -52,13 +52,6 @@ void send(const QByteArray& datagram, quint16 port)
     QCOMPARE(socket.writeDatagram(datagram, here, port), qint64(datagram.size()));
 }
 
-void replay(DataReceiver& receiver, const QString& file)
-{
-    auto reader = std::make_unique<RecordingReader>(file);
-    QVERIFY(reader->open());
-    receiver.replay(std::move(reader));
-}
-
 QString next_report(DataReceiver& receiver)
 {
     QStringList reports;
@@ -78,22 +71,15 @@ private slots:
 
     void only_known_requesters_may_subscribe()
     {
-        Subscriptions subscriptions;
-        KeepingRequester requester;
-        QVERIFY(subscriptions.add(nullptr) != 0);
-        QVERIFY(subscriptions.subscribe("ts", &requester) != 0);
-        QVERIFY(subscriptions.remove(&requester) != 0);
-        QCOMPARE(subscriptions.add(&requester), 0);
-        QCOMPARE(subscriptions.add(&requester), 0);
-        QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
-        QCOMPARE(subscriptions.subscribe("ts", &requester), 0);
-        subscriptions.deliver("ts 1");
-        QCOMPARE(requester.lines().size(), 1);
-        QCOMPARE(subscriptions.unsubscribe("ts", &requester), 0);
-        QVERIFY(subscriptions.unsubscribe("ts", &requester) != 0);
-        QCOMPARE(subscriptions.subscribe("fr", &requester), 0);
-        QCOMPARE(subscriptions.remove(&requester), 0);
-        QVERIFY(subscriptions.empty());
+        Subscriptions s;
+        KeepingRequester r;
+        QVERIFY(s.add(nullptr) != 0 && s.subscribe("ts", &r) != 0 && s.remove(&r) != 0);
+        QVERIFY(s.add(&r) == 0 && s.add(&r) == 0);
+        QVERIFY(s.subscribe("ts", &r) == 0 && s.subscribe("ts", &r) == 0);
+        s.deliver("ts 1");
+        QCOMPARE(r.lines().size(), 1);
+        QVERIFY(s.unsubscribe("ts", &r) == 0 && s.unsubscribe("ts", &r) != 0);
+        QVERIFY(s.subscribe("fr", &r) == 0 && s.remove(&r) == 0 && s.empty());
     }
 
     void subscribed_lines_arrive_in_order()
@@ -177,10 +163,66 @@ private slots:
         QCOMPARE(stayer.lines().size(), 0);
     }
 
+    void what_is_written_is_read_again()
+    {
+        const QList<QByteArray> lines = {"ts 1.5",
+                                         "",
+                                         " blank first",
+                                         {"nul \0 inside", 12},
+                                         "carriage return\r",
+                                         QByteArray(65507, 'x')}; // the largest datagram
+        {
+            Recorder recorder(path("lines"));
+            QVERIFY(recorder.open());
+            for (int i = 0; i < lines.size(); ++i)
+                QVERIFY(recorder.write(i / 64.0, lines[i]));
+        }
+        RecordingReader reader(path("lines"));
+        QVERIFY(reader.open());
+        double time = 0.0;
+        QByteArray line;
+        for (int i = 0; i < lines.size(); ++i) {
+            QCOMPARE(reader.next(&time, &line), RecordingReader::line_read);
+            QCOMPARE(line, lines[i]);
+            QCOMPARE(time, i / 64.0);
+        }
+        QCOMPARE(reader.next(&time, &line), RecordingReader::at_end);
+    }
+
+    void faults_of_recordings_are_named()
+    {
+        const QByteArray title = "tracking data recording 1\n";
+        for (const auto& [content, fault] : QList<QPair<QByteArray, QString>>{
+                 {"", "is empty"},
+                 {"1 0 0 0\n", "line 1: not a recording"},
+                 {"tracking data recording 2\n", "line 1: not a recording"},
+                 {title + "0.5 ts\nts 5\n", "line 3: does not begin"},
+                 {title + "0.5\n", "line 2: does not begin"},
+                 {title + "inf ts\n", "line 2: does not begin"},
+                 {title + "2.0 ts\n1.0 ts\n", "line 3: time goes back"},
+                 {title + "-1.0 ts\n", "line 2: time goes back"},
+                 {title + "0.5 " + QByteArray(70000, 'x') + '\n', "line 2: the line is too long"},
+                 {title + "0.5 ts 1", "line 2: the line has no end"}}) {
+            QFile file(path("faulty"));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+            file.close();
+            RecordingReader reader(path("faulty"));
+            double time = 0.0;
+            QByteArray line;
+            bool readable = reader.open();
+            while (readable)
+                readable = reader.next(&time, &line) == RecordingReader::line_read;
+            QVERIFY2(reader.error_text().contains(fault), qPrintable(fault + reader.error_text()));
+            QVERIFY(reader.error_text().contains("faulty"));
+        }
+        Recorder recorder(path("no/such/folder"));
+        QVERIFY(!recorder.open());
+        QVERIFY(recorder.error_text().contains("no/such/folder"));
+    }
+
     void recording_can_be_replayed()
     {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath("lines");
+        const QString file = path("received");
         Subscriptions subscriptions;
         {
             DataReceiver receiver(subscriptions);
@@ -198,7 +240,9 @@ private slots:
         KeepingRequester requester;
         subscriptions.add(&requester);
         DataReceiver receiver(subscriptions);
-        replay(receiver, file);
+        auto reader = std::make_unique<RecordingReader>(file);
+        QVERIFY(reader->open());
+        receiver.replay(std::move(reader));
         QTest::qWait(100);
         QCOMPARE(receiver.counters().lines, quint64(0)); // waits for listeners
         QElapsedTimer clock;
@@ -237,6 +281,11 @@ private slots:
         QTest::qWait(1200);
         QCOMPARE(requester.lines().size(), 2);
     }
+
+private:
+    QString path(const char* name) const { return folder.filePath(name); }
+
+    QTemporaryDir folder;
 };
 
 QTEST_GUILESS_MAIN(TestDataReceiver)

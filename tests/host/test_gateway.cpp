@@ -13,7 +13,7 @@
 
 #include <algorithm>
 #include <clocale>
-#include <memory>
+#include <sstream>
 
 namespace
 {
@@ -25,13 +25,10 @@ using Pieces = QList<ScriptedController::Piece>;
 // A gateway that speaks to a controller of few words.
 struct Bench
 {
-    explicit Bench(ScriptedController::Script script)
-        : controller(std::move(script)), link("127.0.0.1", controller.port(), limit),
+    template <typename Answer>
+    explicit Bench(const Answer& answer)
+        : controller(answer), link("127.0.0.1", controller.port(), limit),
           gateway(link, subscriptions, [](const QString&, const QString&, int, const QString&) {})
-    {
-    }
-    explicit Bench(const QByteArray& answer)
-        : Bench([answer](const QByteArray&) { return Pieces{{answer + '\n'}}; })
     {
     }
 
@@ -67,9 +64,9 @@ private slots:
                 return;
     }
 
-    void texts_reach_the_controller()
+    void texts_reach_the_controller_or_are_failures()
     {
-        Bench bench("ok 1");
+        Bench bench(QByteArray("ok 1"));
         char text[IOManager::buffer_size];
         int number = 0;
         bool truth = false;
@@ -84,59 +81,35 @@ private slots:
             "do tracking start", "get tracking room c07", "get camera number_of_cameras",
             "get tracking has_room c12", "set tracking extra_translation -1.500 1234.568 0.000"};
         QCOMPARE(bench.controller.requests(), expected);
-    }
-
-    void unsendable_texts_are_failures()
-    {
-        Bench bench("ok 1");
-        char reply[IOManager::buffer_size];
-        QVERIFY(bench.gateway.send_command(reply, "tracking start") != 0);
+        QVERIFY(bench.gateway.send_command(text, "tracking start") != 0);
         QVERIFY(bench.gateway.set_param_value("%s", QByteArray(5000, 'x').constData()) != 0);
         QVERIFY(bench.gateway.set_param_value("two\nlines") != 0);
-        QVERIFY(bench.controller.requests().isEmpty());
+        QCOMPARE(bench.controller.requests(), expected);
     }
 
-    void replies_are_converted()
+    // A value that was not taken carries a mark: it must be what it was.
+    void replies_are_converted_and_failures_change_nothing()
     {
-        const QString none = "failed";
-        for (const auto& [reply, as_int, as_double, as_bool, as_three] :
-             {std::tuple("ok 1", "1", "1", "true", "failed"),
-              std::tuple("ok 0", "0", "0", "false", "failed"),
-              std::tuple("ok -0.25", "failed", "-0.25", "failed", "failed"),
-              std::tuple("ok 1 -2.5 3e2", "failed", "failed", "failed", "1;-2.5;300")}) {
-            Bench bench{QByteArray(reply)};
-            int whole = 0;
-            double real = 0.0, three[3] = {};
-            bool truth = false;
-            const auto text = [&](int result, const QString& value) {
-                return result == 0 ? value : none;
-            };
-            const int results[] = {bench.gateway.get_param_int(&whole, "x"),
-                                   bench.gateway.get_param_double(&real, "x"),
-                                   bench.gateway.get_param_bool(&truth, "x"),
-                                   bench.gateway.get_param_doubles(three, 3, "x")};
-            QCOMPARE(text(results[0], QString::number(whole)), QString(as_int));
-            QCOMPARE(text(results[1], QString::number(real)), QString(as_double));
-            QCOMPARE(text(results[2], truth ? "true" : "false"), QString(as_bool));
-            QCOMPARE(
-                text(results[3], QString("%1;%2;%3").arg(three[0]).arg(three[1]).arg(three[2])),
-                QString(as_three));
-        }
+        QList<QPair<QByteArray, std::string>> table = {{"ok 1", "1 1 1 !7;8;9"},
+                                                       {"ok 0", "0 0 0 !7;8;9"},
+                                                       {"ok -0.25", "!7 -0.25 !1 !7;8;9"},
+                                                       {"ok 1 -2.5 3e2", "!7 !7 !1 1;-2.5;300"}};
         for (const char* reply : {"", "1", "error 1", "ok", "ok none", "ok 1,5", "ok 1.5mm",
-                                  "ok 1 2", "ok 1  3", "ok 1 2 x", "ok 1 2 3 4"}) {
-            Bench bench{QByteArray(reply)};
+                                  "ok 1 2", "ok 1  3", "ok 1 2 x", "ok 1 2 3 4"})
+            table += qMakePair(QByteArray(reply), std::string("!7 !7 !1 !7;8;9"));
+        for (const auto& [reply, expected] : table) {
+            Bench bench(reply);
             int whole = 7;
             bool truth = true;
-            double number = 7.0, three[3] = {7, 8, 9};
-            QVERIFY2(bench.gateway.get_param_int(&whole, "x")
-                         && bench.gateway.get_param_bool(&truth, "x"),
-                     reply);
-            QVERIFY2(bench.gateway.get_param_double(&number, "x")
-                         && bench.gateway.get_param_doubles(three, 3, "x"),
-                     reply);
-            // Failures change nothing.
-            QVERIFY2(whole == 7 && truth && number == 7.0, reply);
-            QVERIFY2(three[0] == 7 && three[1] == 8 && three[2] == 9, reply);
+            double real = 7.0, three[3] = {7, 8, 9};
+            const auto mark = [](int result) { return result == 0 ? "" : "!"; };
+            std::ostringstream got;
+            got << mark(bench.gateway.get_param_int(&whole, "x")) << whole << ' ';
+            got << mark(bench.gateway.get_param_double(&real, "x")) << real << ' ';
+            got << mark(bench.gateway.get_param_bool(&truth, "x")) << truth << ' ';
+            got << mark(bench.gateway.get_param_doubles(three, 3, "x")) << three[0] << ';'
+                << three[1] << ';' << three[2];
+            QVERIFY2(got.str() == expected, reply + ": " + got.str().c_str());
         }
     }
 
@@ -157,73 +130,54 @@ private slots:
         }
     }
 
-    void no_line_is_taken_for_the_next_answer_data()
-    {
-        QTest::addColumn<QByteArray>("first");
-        QTest::addColumn<QByteArray>("rest");
-        QTest::addColumn<int>("delay");
-        QTest::addColumn<bool>("closes");
-        QTest::addColumn<bool>("answered");
-        using Bytes = QByteArray;
-        QTest::newRow("in two parts") << Bytes("ok 12") << Bytes("34\n") << 20 << false << true;
-        QTest::newRow("late line feed") << Bytes("ok 1234") << Bytes("\n") << 20 << false << true;
-        QTest::newRow("closed after") << Bytes("ok 1234") << Bytes("\n") << 20 << true << true;
-        QTest::newRow("closed inside") << Bytes("ok 12") << Bytes("34") << 20 << true << false;
-        QTest::newRow("closed at once") << Bytes() << Bytes() << 20 << true << false;
-        QTest::newRow("endless") << Bytes("ok ") << Bytes(200000, '1') << 20 << false << false;
-        QTest::newRow("surplus") << Bytes("ok 1234\nok 99\n") << Bytes() << 0 << false << true;
-        QTest::newRow("late") << Bytes() << Bytes("ok 1\n") << 2 * limit << false << false;
-    }
-
     void no_line_is_taken_for_the_next_answer()
     {
-        QFETCH(QByteArray, first);
-        QFETCH(QByteArray, rest);
-        QFETCH(int, delay);
-        QFETCH(bool, closes);
-        QFETCH(bool, answered);
-        Bench bench([=](const QByteArray& request) {
-            return request == "get next" ? Pieces{{"ok 5\n"}}
-                                         : Pieces{{first}, {rest, delay, closes}};
-        });
-        int value = 0;
-        QElapsedTimer clock;
-        clock.start();
-        QCOMPARE(bench.gateway.get_param_int(&value, "broken") == 0, answered);
-        QVERIFY(clock.elapsed() < 2 * limit);
-        QCOMPARE(value, answered ? 1234 : 0);
-        QTest::qWait(50 + delay);
-        QCOMPARE(bench.gateway.get_param_int(&value, "next"), 0);
-        QCOMPARE(value, 5);
+        const struct
+        {
+            QByteArray first, rest;
+            int delay; ///< ms
+            bool closes, answered;
+        } table[] = {{"ok 12", "34\n", 20, false, true},
+                     {"ok 1234", "\n", 20, false, true},
+                     {"ok 1234", "\n", 20, true, true},
+                     {"ok 12", "34", 20, true, false},
+                     {"", "", 20, true, false},
+                     {"ok ", QByteArray(200000, '1'), 20, false, false},
+                     {"ok 1234\nok 99\n", "", 0, false, true},
+                     {"", "ok 1\n", 2 * limit, false, false}};
+        for (const auto& row : table) {
+            Bench bench([row](const QByteArray& request) {
+                return request == "get next"
+                           ? Pieces{{"ok 5\n"}}
+                           : Pieces{{row.first}, {row.rest, row.delay, row.closes}};
+            });
+            int value = 0;
+            QElapsedTimer clock;
+            clock.start();
+            QCOMPARE(bench.gateway.get_param_int(&value, "broken") == 0, row.answered);
+            QVERIFY2(clock.elapsed() < 2 * limit, row.first + row.rest.left(9));
+            QCOMPARE(value, row.answered ? 1234 : 0);
+            QTest::qWait(50 + row.delay);
+            QCOMPARE(bench.gateway.get_param_int(&value, "next"), 0);
+            QCOMPARE(value, 5);
+        }
     }
 
     // A dialog may ask thirty questions at one click, during which the windows stand still.
-    void time_is_limited_for_a_whole_gesture_data()
-    {
-        QTest::addColumn<int>("delay");
-        QTest::addColumn<int>("answered");
-        QTest::newRow("fast") << 0 << 30;
-        QTest::newRow("slow") << 60 << 3;
-        QTest::newRow("silent") << 10000 << 0;
-    }
-
     void time_is_limited_for_a_whole_gesture()
     {
-        QFETCH(int, delay);
-        QFETCH(int, answered);
-        ScriptedController controller([delay](const QByteArray&) {
-            return Pieces{{"ok 1\n", std::min(delay, 2 * limit)}};
-        });
-        ControllerLink link("127.0.0.1", controller.port(), limit);
-        QElapsedTimer clock;
-        clock.start();
-        int answers = 0;
-        for (int i = 0; i < 30; ++i)
-            answers += link.request("get x").ok();
-        QVERIFY2(clock.elapsed() < limit + 100, qPrintable(QString::number(clock.elapsed())));
-        QCOMPARE(answers, answered);
-        QTest::qWait(3 * limit); // the next gesture has time again
-        QCOMPARE(link.request("get x").ok(), answered > 0);
+        for (const auto& [delay, answered] : {std::pair(0, 30), {60, 3}, {2 * limit, 0}}) {
+            Bench bench([delay = delay](const QByteArray&) { return Pieces{{"ok 1\n", delay}}; });
+            QElapsedTimer clock;
+            clock.start();
+            int answers = 0;
+            for (int i = 0; i < 30; ++i)
+                answers += bench.link.request("get x").ok();
+            QVERIFY2(clock.elapsed() < limit + 100, qPrintable(QString::number(clock.elapsed())));
+            QCOMPARE(answers, answered);
+            QTest::qWait(3 * limit); // the next gesture has time again
+            QCOMPARE(bench.link.request("get x").ok(), answered > 0);
+        }
     }
 
     // A controller that stands still may carry out later what it was told.

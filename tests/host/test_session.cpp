@@ -1,3 +1,5 @@
+#include "host/demo/failure.h"
+#include "host/demo/stepper.h"
 #include "host/session.h"
 #include "host/window/colors.h"
 #include "host/window/trafficmodel.h"
@@ -95,14 +97,12 @@ private slots:
 
     void missing_parts_are_named()
     {
-        const QString module = FAKE_MODULE;
         for (const auto& [plugin, version, replay, named] :
-             QList<std::tuple<QString, QByteArray, QString, QString>>{
-                 {"/no/module.so", "ok 1 2 3", "", "/no/module.so"},
-                 {module, "error unknown", "", "unknown"},
-                 {module, "ok 1.18.0", "", "1.18.0"},
-                 {module, "ok 1 2 3", "/no/lines", "/no/lines"}}) {
-            ScriptedController controller(version);
+             {std::tuple("/no/module.so", "ok 1 2 3", "", "/no/module.so"),
+              {FAKE_MODULE, "error unknown", "", "unknown"},
+              {FAKE_MODULE, "ok 1.18.0", "", "1.18.0"},
+              {FAKE_MODULE, "ok 1 2 3", "/no/lines", "/no/lines"}}) {
+            ScriptedController controller(QByteArray{version});
             Options options = options_for(controller);
             options.plugin = plugin;
             options.replay_file = replay;
@@ -112,7 +112,7 @@ private slots:
         }
     }
 
-    void simulator_must_say_where_it_listens()
+    void simulator_must_say_where_it_listens_and_that_it_ends()
     {
         for (const auto& [script, port] : QList<QPair<QString, int>>{
                  {"echo listening 127.0.0.1:40123; exec sleep 20", 40123},
@@ -126,15 +126,33 @@ private slots:
             QCOMPARE(process.error_text().isEmpty(), launched);
             QCOMPARE(process.state(), launched ? QProcess::Running : QProcess::NotRunning);
         }
-    }
-
-    void lost_simulator_is_told()
-    {
         ControllerProcess process;
         QSignalSpy lost(&process, &ControllerProcess::lost);
         QVERIFY(process.launch("/bin/sh", {"-c", "echo listening 127.0.0.1:1; sleep 0.1; exit 3"}));
         QVERIFY(lost.wait());
-        QVERIFY(lost.first().first().toString().contains(QStringLiteral("(3)")));
+        QVERIFY(lost.first().first().toString().contains("(3)"));
+    }
+
+    void troubles_end_the_steps()
+    {
+        for (const QString trouble : {"nothing happened", "thrown", "alarm"}) {
+            Stepper stepper;
+            bool went_on = false;
+            if (trouble == "alarm")
+                stepper.set_alarm([trouble] { return trouble; });
+            if (trouble == "thrown")
+                stepper.act("the step", [trouble] { throw DemoFailure(trouble); });
+            stepper.await(
+                "the step", [] { return false; }, 100);
+            stepper.act("next", [&] { went_on = true; });
+            QSignalSpy failed(&stepper, &Stepper::failed);
+            stepper.start();
+            QVERIFY(failed.count() == 1 || failed.wait());
+            const QString text = failed.first().first().toString();
+            QVERIFY2(text.contains("\"the step\"") && text.contains(trouble), qPrintable(text));
+            QTest::qWait(100);
+            QVERIFY(!went_on && failed.count() == 1);
+        }
     }
 
     // What matters must not scroll away: sixteen cameras are one row, and the settings are found.
