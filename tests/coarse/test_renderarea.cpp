@@ -13,44 +13,32 @@ const char* const pictures[] = {":/background.png", ":/normal.png", ":/powerwall
 struct Direction
 {
     const char* name;
-    QPoint step;     // pixels along the half axis
+    QRect half_axis; // a length of 60 pixels of it, without centre and arrow head
     QPoint heads[2]; // one on each stroke of the arrow head, clear of the half axis
 };
 
 // In the order of the record: left, right, up, down, out, in.
 const Direction directions[] = {
-    {"left", {-1, 0}, {{14, 99}, {14, 107}}}, {"right", {1, 0}, {{192, 99}, {192, 107}}},
-    {"up", {0, -1}, {{99, 14}, {107, 14}}},   {"down", {0, 1}, {{99, 192}, {107, 192}}},
-    {"out", {-1, 1}, {{30, 171}, {35, 176}}}, {"in", {1, -1}, {{176, 35}, {171, 30}}},
+    {"left", {33, 98, 60, 10}, {{14, 99}, {14, 107}}},
+    {"right", {113, 98, 60, 10}, {{192, 99}, {192, 107}}},
+    {"up", {98, 33, 10, 60}, {{99, 14}, {107, 14}}},
+    {"down", {98, 113, 10, 60}, {{99, 192}, {107, 192}}},
+    {"out", {33, 113, 60, 60}, {{30, 171}, {35, 176}}},
+    {"in", {113, 33, 60, 60}, {{176, 35}, {171, 30}}},
 };
 
-// Whether the pixel has the colour of the axis: red, green, blue for x, y, z.
-bool has_colour(const QImage& image, QPoint point, int axis_code)
+// How many pixels have the colour of the axis: red, green, blue for x, y, z.
+int colored_pixels(const QImage& image, const QRect& part, int axis_code)
 {
-    const QColor colour = image.pixelColor(point);
-    const int parts[] = {colour.red(), colour.green(), colour.blue()};
-    const int axis = axis_code / 2;
-    return parts[axis] - qMax(parts[(axis + 1) % 3], parts[(axis + 2) % 3]) > 100;
-}
-
-bool has_colour_nearby(const QImage& image, QPoint centre, int axis_code)
-{
-    bool found = false;
-    for (int i = 0; i < 9; ++i)
-        found |= has_colour(image, centre + QPoint(i / 3 - 1, i % 3 - 1), axis_code);
-    return found;
-}
-
-// The part of the half axis that has its colour, 0 to 1.
-double covered_part(const QImage& image, QPoint step, int axis_code)
-{
-    const int first = 10, last = 70;
-    int covered = 0;
-    for (int i = first; i < last; ++i) {
-        const QPoint corner = QPoint(side / 2, side / 2) + i * step;
-        covered += has_colour(image, corner - QPoint(step.x() * step.y() != 0, 0), axis_code);
+    int count = 0;
+    for (int i = 0; i < part.width() * part.height(); ++i) {
+        const QColor color =
+            image.pixelColor(part.topLeft() + QPoint(i % part.width(), i / part.width()));
+        const int parts[] = {color.red(), color.green(), color.blue()};
+        const int axis = axis_code / 2;
+        count += parts[axis] - qMax(parts[(axis + 1) % 3], parts[(axis + 2) % 3]) > 100;
     }
-    return double(covered) / (last - first);
+    return count;
 }
 
 QImage sketch(int type, const CoordinateAxix& axis)
@@ -95,12 +83,16 @@ private slots:
             const QImage image = sketch(2, axis);
             for (int i = 0; i < 6; ++i) {
                 const Direction& direction = directions[i];
-                const double covered = covered_part(image, direction.step, codes[i]);
                 const bool positive = codes[i] % 2 == 0;
-                QVERIFY2(positive ? covered == 1.0 : covered > 0.5 && covered < 0.78,
+                const int colored = colored_pixels(image, direction.half_axis, codes[i]);
+                const int full = i < 4 ? 120 : 170; // two pixels wide, slanted lines a bit more
+                QVERIFY2(positive ? colored >= full : colored > full / 2 && colored < 0.78 * full,
                          direction.name);
-                for (const QPoint& head : direction.heads)
-                    QVERIFY2(has_colour_nearby(image, head, codes[i]) == positive, direction.name);
+                for (const QPoint& head : direction.heads) {
+                    const QRect nearby(head - QPoint(1, 1), QSize(3, 3));
+                    QVERIFY2((colored_pixels(image, nearby, codes[i]) > 0) == positive,
+                             direction.name);
+                }
             }
         }
     }

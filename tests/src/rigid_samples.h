@@ -4,7 +4,6 @@
 
 #include "src/bsMatrix.h"
 
-#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -43,9 +42,8 @@ inline double largest_difference(const bsMatrix& a, const bsMatrix& b)
     double largest = 0.0;
     for (int i = 0; i < 16; ++i) {
         const double difference = std::fabs(a[i] - b[i]);
-        if (std::isnan(difference))
-            return HUGE_VAL;
-        largest = std::max(largest, difference);
+        if (!(difference <= largest))
+            largest = std::isnan(difference) ? HUGE_VAL : difference;
     }
     return largest;
 }

@@ -4,13 +4,12 @@
 
 #include <QtTest>
 
+#include <cmath>
 #include <functional>
-#include <limits>
+#include <map>
 
 namespace
 {
-
-const double not_a_number = std::numeric_limits<double>::quiet_NaN();
 
 // Element (r, c) is 10 r + c.
 bsMatrix numbered()
@@ -47,21 +46,19 @@ private slots:
     {
         bsMatrix m;
         const bsMatrix& same = m;
-        const struct
-        {
-            std::function<void()> code;
-            const char *expression, *function;
-        } misuses[] = {
-            {[&] { m.setRow(4, bsVector(), 0); }, "`n>=0 && n<4'", "setRow"},
-            {[&] { m.setColumn(4, bsVector(), 0); }, "`n>=0 && n<4'", "setColumn"},
-            {[&] { m.getRow(-1); }, "`n>=0 && n<4'", "getRow"},
-            {[&] { m.getColumn(-1); }, "`n>=0 && n<4'", "getColumn"},
-            {[&] { m = same; }, "`&m != this'", "operator="},
+        const std::map<std::string, std::function<void()>> misuses = {
+            {"setRow", [&] { m.setRow(4, bsVector(), 0); }},
+            {"setColumn", [&] { m.setColumn(4, bsVector(), 0); }},
+            {"getRow", [&] { m.getRow(-1); }},
+            {"getColumn", [&] { m.getColumn(-1); }},
+            {"operator=", [&] { m = same; }},
         };
         for (const auto& misuse : misuses) {
-            const std::string said = stderr_of_abort(misuse.code);
-            QVERIFY2(said.find("src/bsMatrix.") == 0, misuse.function);
-            QVERIFY2(said.find(misuse.function) < said.find(misuse.expression), said.c_str());
+            const std::string said = stderr_of_abort(misuse.second);
+            const bool assigns = misuse.first == "operator=";
+            const auto expression = said.find(assigns ? "`&m != this'" : "`n>=0 && n<4'");
+            QVERIFY2(said.find("src/bsMatrix.") == 0, misuse.first.c_str());
+            QVERIFY2(said.find(misuse.first) < expression, said.c_str());
         }
     }
 
@@ -73,7 +70,7 @@ private slots:
             QVERIFY(bsMatrix(values) == bsMatrix());
             values[i] = -1e-7;
             QVERIFY(bsMatrix(values) != bsMatrix());
-            values[i] = not_a_number;
+            values[i] = NAN;
             QVERIFY(bsMatrix(values) != bsMatrix(values));
         }
     }
@@ -88,42 +85,36 @@ private slots:
         m = numbered();
         m *= m;
         QCOMPARE(m(1, 2), 10.0 * 2 + 11 * 12 + 12 * 22 + 13 * 32);
-    }
-
-    void divides_by_the_fourth_coordinate()
-    {
+        // The product with a vector divides by the fourth coordinate.
         const bsVector v(2, 4, 6);
-        bsMatrix m = bsMatrix::getIdentityMatrix();
+        m.setIdentity();
         m(3, 3) = 2.0;
         QVERIFY(m * v == bsVector(1, 2, 3));
         m(3, 3) = 0.0;
         QVERIFY(m * v == v);
-        m(3, 3) = not_a_number;
+        m(3, 3) = NAN;
         QVERIFY(std::isnan((m * v).x));
     }
 
     void rotations_turn_as_documented()
     {
-        const bsVector x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
-        QVERIFY(bsMatrix().rotationX(90) * y == z);
-        QVERIFY(bsMatrix().rotationY(90) * z == x);
-        QVERIFY(bsMatrix().rotationZ(90) * x == y);
-        QVERIFY(bsMatrix(5.0).rotation(-33.3, y) == bsMatrix().rotationY(33.3));
-        QVERIFY(bsMatrix().rotation(120, bsVector(1, 1, 1).normalize()) * x == z);
+        const bsVector v(1, 2, 3);
+        QVERIFY(bsMatrix().rotationX(90) * v == bsVector(1, -3, 2));
+        QVERIFY(bsMatrix().rotationY(90) * v == bsVector(3, 2, -1));
+        QVERIFY(bsMatrix().rotationZ(90) * v == bsVector(-2, 1, 3));
+        QVERIFY(bsMatrix(5.0).rotation(-33.3, bsVector(0, 1, 0)) == bsMatrix().rotationY(33.3));
+        QVERIFY(bsMatrix().rotation(120, bsVector(1, 1, 1).normalize()) * v == bsVector(2, 3, 1));
     }
 
     void fast_inverse_undoes_hard_poses()
     {
         const bsMatrix& identity = bsMatrix::getIdentityMatrix();
-        double worst = 0.0;
         for (const bsMatrix& pose : hard_poses()) {
             bsMatrix inverse;
             pose.fastInvert(inverse);
-            worst = std::max(worst, largest_difference(inverse * pose, identity));
-            worst = std::max(worst, largest_difference(inverse.fastInvert(), pose));
+            QVERIFY(largest_difference(inverse * pose, identity) < 1e-11);
+            QVERIFY(largest_difference(inverse.fastInvert(), pose) < 1e-11);
         }
-        qInfo("worst error: %g", worst);
-        QVERIFY(worst < 1e-11);
         bsMatrix odd_corner = bsMatrix().translation(2, 4, 6);
         odd_corner.setRow(3, bsVector(7, 8, 9), 2.0);
         odd_corner.fastInvert();
@@ -158,7 +149,6 @@ private slots:
         const bsMatrix a = numbered() + bsMatrix().rotationX(33) * 40.0;
         const bsMatrix b = numbered() - bsMatrix().scaling(7, -30, 20);
         const double product = a.getDeterminant() * b.getDeterminant();
-        QVERIFY(std::fabs(product) > 1.0);
         QVERIFY(std::fabs((a * b).getDeterminant() / product - 1.0) < 1e-9);
         QVERIFY(bsMatrix().scaling(bsVector(2, 3, -4)) * bsVector(1.0) == bsVector(2, 3, -4));
         QCOMPARE(bsMatrix().scaling(2, 3, -4).getDeterminant(), -24.0);
@@ -175,7 +165,7 @@ private slots:
         bsMatrix m = bsMatrix::getIdentityMatrix();
         m.setRow(0, bsVector(0.7071068, 0.7071068, 0), 100);
         m.setRow(1, bsVector(0.7071068, 0.7071068, 0), 100);
-        for (double square : {1.0, 1.0011, 0.9989, not_a_number}) {
+        for (double square : {1.0, 1.0011, 0.9989, double(NAN)}) {
             m(2, 2) = std::sqrt(square);
             QCOMPARE(m.isOrthonormal(), square == 1.0 || std::isnan(square));
         }
