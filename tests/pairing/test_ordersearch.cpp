@@ -104,6 +104,35 @@ private slots:
 
     void cleanupTestCase() { qInfo("%d of %d cases differed", differed_in_all, compared); }
 
+    /// Bounds that were not sharp enough once lost the best order of these.
+    void narrow_winners_are_found()
+    {
+        Lists axial(5, 0);
+        const double axial_reference[5][3] = {{443.778, 0, 0},
+                                              {-221.889, -384.323, 0},
+                                              {0, 0, -76.538},
+                                              {-221.889, 384.323, 0},
+                                              {0, 0, 76.538}};
+        const double axial_measured[5][3] = {
+            {0, 0, -76.538}, {-250, -433.013, 0}, {-250, 433.013, 0}, {0, 0, 76.538}, {500, 0, 0}};
+        std::memcpy(axial.reference, axial_reference, sizeof axial_reference);
+        std::memcpy(axial.measured, axial_measured, sizeof axial_measured);
+        Lists thin(3, 0);
+        const double thin_reference[3][3] = {
+            {-500, -0.0194252, 0}, {-500, 0.0194252, 0}, {500, -0.0194252, 0}};
+        const double thin_measured[3][3] = {{7.92623, 499.92486, -3.50819},
+                                            {7.89536, 499.92518, -3.53178},
+                                            {-7.92623, -499.92486, 3.50819}};
+        std::memcpy(thin.reference, thin_reference, sizeof thin_reference);
+        std::memcpy(thin.measured, thin_measured, sizeof thin_measured);
+
+        int order[trafo3d_max_points];
+        QVERIFY(find_best_order(axial.reference, axial.measured, axial.n, order));
+        QCOMPARE(std::vector<int>(order, order + 5), std::vector<int>({4, 1, 0, 2, 3}));
+        QVERIFY(find_best_order(thin.reference, thin.measured, thin.n, order));
+        QCOMPARE(std::vector<int>(order, order + 3), std::vector<int>({1, 0, 2}));
+    }
+
     void hopeless_lists_are_answered_at_once()
     {
         static double reference[trafo3d_max_points + 1][3];
