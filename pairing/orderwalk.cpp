@@ -107,7 +107,8 @@ bool OrderWalk::take(const Taken& before, int level, int column)
     m_order[row] = column;
     Taken taken = before;
     taken.lengths += m_reference_length[row] * m_measured_length[column];
-    const double others = most_of_others(level + 1);
+    // Before an order has succeeded nothing is out of reach, and some fits fail at once.
+    const double others = m_contest->has_success() ? most_of_others(level + 1) : 0.0;
     if (taken.lengths + others < m_least_trace)
         return true;
     add_pair(taken.H, m_points.reference[row], m_points.measured[column]);
