@@ -89,7 +89,7 @@ double OrderSearch::rotation_work() const
 {
     if (m_n > always_exact_count)
         return infinity;
-    return 0.1 * std::tgamma(m_n + 1.0) * fit_work(m_n, true);
+    return 0.05 * std::tgamma(m_n + 1.0) * fit_work(m_n, true);
 }
 
 /// How long to walk before cells are looked at: the number of orders within reach grows with the
