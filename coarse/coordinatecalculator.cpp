@@ -63,7 +63,7 @@ QuarterTurn turn_about(const CoordinateAxix& axis, int axis_code)
 CoordinateCalculator::CoordinateCalculator(int cali_type)
 {
     init_possibility_table();
-    set_cali_type(calibration_none); // gives a type that brings no axes of its own a footing
+    set_cali_type(calibration_none); // the axes to start from, for types that set none
     set_cali_type(cali_type);
 }
 

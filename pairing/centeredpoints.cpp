@@ -35,6 +35,15 @@ double center(double (*out)[3], double* squares, const double (*points)[3], int 
     return sum;
 }
 
+struct Farther
+{
+    const double* squares;
+    bool operator()(int i, int j) const
+    {
+        return squares[i] != squares[j] ? squares[i] > squares[j] : i < j;
+    }
+};
+
 } // namespace
 
 CenteredPoints::CenteredPoints(const double (*reference_)[3], const double (*measured_)[3], int n_)
@@ -60,6 +69,12 @@ double CenteredPoints::least_trace(double ceiling, double tolerance) const
     const double sum = reference_sum + measured_sum;
     const double widest = ceiling * unit * (1.0 + residual_rounding) + tolerance;
     return 0.5 * (sum - n * widest * widest) - trace_rounding * sum;
+}
+
+void sort_outside_in(int* begin, int* end, const double* squares)
+{
+    const Farther farther = {squares};
+    std::sort(begin, end, farther);
 }
 
 void add_pair(double (*out)[3], const double* a, const double* b)

@@ -29,6 +29,9 @@ struct CenteredPoints
     double measured_sum;                         ///< sum of |b_j|^2
 };
 
+/// Sorts indices of points by falling distance to the centroid, equal ones by index.
+void sort_outside_in(int* begin, int* end, const double* squares);
+
 /// out = the sum of a_i b_order[i]^T over the pairs of the order.
 void cross_covariance(double (*out)[3], const CenteredPoints& points, const int* order);
 

@@ -11,23 +11,13 @@
 namespace
 {
 
-struct Farther
+void rank(int* indices, double* lengths, const double* squares, int n)
 {
-    const double* squares;
-    bool operator()(int i, int j) const
-    {
-        return squares[i] != squares[j] ? squares[i] > squares[j] : i < j;
-    }
-};
-
-void sort_outside_in(int* indices, double* lengths, const double* squares, int n)
-{
-    const Farther farther = {squares};
     for (int i = 0; i < n; ++i) {
         indices[i] = i;
         lengths[i] = std::sqrt(squares[i]);
     }
-    std::sort(indices, indices + n, farther);
+    sort_outside_in(indices, indices + n, squares);
 }
 
 } // namespace
@@ -37,8 +27,8 @@ OrderWalk::OrderWalk(const CenteredPoints& points, const TripleShapes& shapes,
     : m_points(points), m_shapes(shapes), m_contest(contest), m_budget(budget),
       m_tolerance(tolerance), m_ceiling(0.0), m_least_trace(0.0), m_last_work(0.0)
 {
-    sort_outside_in(m_row, m_reference_length, points.reference_square, points.n);
-    sort_outside_in(m_column, m_measured_length, points.measured_square, points.n);
+    rank(m_row, m_reference_length, points.reference_square, points.n);
+    rank(m_column, m_measured_length, points.measured_square, points.n);
     std::fill(m_taken, m_taken + points.n, false);
 }
 

@@ -3,7 +3,6 @@
 #include "pairing/ordercontest.h"
 #include "pairing/searchbudget.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -21,12 +20,6 @@ const double ridge = 1e-6; // keeps the normal equations regular; relative to su
 // The condition of the normal equations is at most 1 / ridge, so that what they explain of the sum
 // of squares is right to about thirty roundings of 1.2e-16 times that, relative to the whole.
 const double rounding = 1e-8;
-
-struct OutsideIn
-{
-    const double* squares;
-    bool operator()(int i, int j) const { return squares[i] > squares[j]; }
-};
 
 /// Least value of sum |a - L b|^2 + ridge |L|^2 over all L, by the Cholesky factors of BB.
 double least_square_sum(const double (*BB)[3], const double (*AB)[3], double AA, double ridge)
@@ -59,12 +52,11 @@ PrefixSearch::PrefixSearch(const CenteredPoints& points, OrderContest* contest,
                            SearchBudget* budget, double tolerance)
     : m_points(points), m_contest(contest), m_budget(budget), m_tolerance(tolerance)
 {
-    const OutsideIn outside_in = {points.reference_square};
     for (int i = 0; i < points.n; ++i) {
         m_row[i] = i;
         m_taken[i] = false;
     }
-    std::sort(m_row + triple_size, m_row + points.n, outside_in);
+    sort_outside_in(m_row + triple_size, m_row + points.n, points.reference_square);
 }
 
 void PrefixSearch::enter_orders(const int* triple)

@@ -9,12 +9,6 @@
 namespace
 {
 
-struct Farther
-{
-    const double* squares;
-    bool operator()(int i, int j) const { return squares[i] > squares[j]; }
-};
-
 double distance(const double* a, const double* b)
 {
     const double d[3] = {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
@@ -31,8 +25,7 @@ RotationCaps::RotationCaps(const CenteredPoints& points, SearchBudget* budget)
         m_reference_radius[i] = std::sqrt(points.reference_square[i]);
         m_measured_radius[i] = std::sqrt(points.measured_square[i]);
     }
-    const Farther farther = {points.reference_square};
-    std::sort(m_outside_in, m_outside_in + points.n, farther);
+    sort_outside_in(m_outside_in, m_outside_in + points.n, points.reference_square);
 }
 
 bool RotationCaps::find(double least_trace)

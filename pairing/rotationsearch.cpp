@@ -244,7 +244,7 @@ bool RotationSearch::can_reach(const Tetrahedron& t)
 }
 
 /// Whether the best assignment of the product reaches the least trace. The best orders of the
-/// corners often show that it does, which spares to solve it.
+/// corners often show that it does; then it need not be solved.
 bool RotationSearch::can_reach(Product* product, const Tetrahedron& t)
 {
     if (product->upper <= m_least_trace)
